@@ -1,0 +1,71 @@
+#pragma once
+// The running program's state, shared by all subsystems: folders, ports to the user,
+// settings, error capture, the grid and what the main window shows. One thread owns it.
+
+#include "core/AppPaths.h"
+#include "core/DebugTrace.h"
+#include "core/ErrorCapture.h"
+#include "core/MainView.h"
+#include "core/UiPort.h"
+#include "core/settings/Registry.h"
+#include "logs/Grid.h"
+#include "logs/ProgressPort.h"
+
+#include <QString>
+
+#include <array>
+#include <chrono>
+
+namespace twk {
+
+class Engine {
+public:
+    Engine(AppPaths paths, UiPort& ui, ProgressPort& progress);
+
+    AppPaths paths;
+    UiPort& ui;
+    ProgressPort& progress;
+    Registry registry;
+    ErrorCapture errors;
+    DebugTrace trace;
+    Grid Grid1;
+    MainView view;
+
+    bool DebugMode = false;
+    QString StartContext;
+    bool StartupDone = false;
+    bool ScanFinished = false;
+    bool MonitorBusy = false;
+    bool HeartbeatPending = false;
+
+    /// Widths of the ten SYS$LOG.ERR columns as stored.
+    std::array<int, 10> sysLogColumnWidths() const;
+    /// Stores a changed SYS$LOG.ERR column width.
+    void saveSysLogColumnWidth(int column, int width);
+
+    /// Lets the event loop run when the last yield is longer ago than the budget.
+    /// Cheap enough to call once per line.
+    void yieldIfDue() {
+        if (++yieldCalls_ < kCallsPerClockRead)
+            return;
+        yieldCalls_ = 0;
+        const auto now = std::chrono::steady_clock::now();
+        if (now - lastYield_ >= kYieldBudget) {
+            lastYield_ = now;
+            ui.yield();
+        }
+    }
+    /// Yields now.
+    void yieldNow() {
+        lastYield_ = std::chrono::steady_clock::now();
+        ui.yield();
+    }
+
+private:
+    static constexpr int kCallsPerClockRead = 256;
+    static constexpr auto kYieldBudget = std::chrono::milliseconds(30);
+    int yieldCalls_ = 0;
+    std::chrono::steady_clock::time_point lastYield_ = std::chrono::steady_clock::now();
+};
+
+} // namespace twk

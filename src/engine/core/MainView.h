@@ -1,0 +1,90 @@
+#pragma once
+// What the main window shows, kept in the engine so that every rule about it can be
+// tested without a display: caption, the seven status panes, menu states, the
+// close control and the word that says what the grid shows.
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <map>
+
+namespace twk {
+
+/// Views of the grid (the values of CurrentView).
+namespace views {
+inline const QString kNone = QString();
+inline const QString kSysLogErr = QStringLiteral("SYS$LOG.ERR");
+inline const QString kConsoleLog = QStringLiteral("CONSOLE.LOG");
+inline const QString kCronlog = QStringLiteral("CRONLOG");
+inline const QString kAbendLog = QStringLiteral("ABEND.LOG");
+inline const QString kRealtimeMonitor = QStringLiteral("RealtimeMonitor");
+inline const QString kFilterRules = QStringLiteral("FilterRules");
+inline const QString kHealthCheck3 = QStringLiteral("HEALTHCHECK3");
+} // namespace views
+
+struct StatusPane {
+    QString key;
+    QString text;
+    QString icon; ///< image key
+    QString toolTip;
+};
+
+struct MenuState {
+    bool enabled = true;
+    bool visible = true;
+    QString icon;
+    QString caption;
+};
+
+/// Pane numbers (1-based, as the status bar counts them).
+enum Pane { EntryPos = 1, LastEntry = 2, FirstEntry = 3, FileSize = 4, Tips = 5, SystemDate = 6,
+            SystemTime = 7 };
+
+class MainView {
+public:
+    MainView();
+
+    QString CurrentView;
+    QString caption = QStringLiteral(" Tarnwick");
+    bool debugSuffix = false;
+
+    StatusPane& pane(int number) { return panes_[static_cast<std::size_t>(number - 1)]; }
+    const StatusPane& pane(int number) const { return panes_[static_cast<std::size_t>(number - 1)]; }
+    bool simpleMode = false;
+    QString simpleText;
+
+    MenuState& menu(const QString& name) { return menus_[name]; }
+    const std::map<QString, MenuState>& menus() const { return menus_; }
+    bool menuEnabled(const QString& name) const;
+    bool menuVisible(const QString& name) const;
+
+    /// The selected item of the logfile list (0 = "select logfile...").
+    int logFileListIndex = 0;
+
+    QString closeCaption = QStringLiteral("close logfile");
+    bool closeEnabled = false;
+
+    /// Panes 1 to 4 to their placeholders, pane 5 empty with the no-language flag,
+    /// pane 1 back to the file icon, tool tips of a log view.
+    void resetPanes();
+    /// Menu states with nothing open.
+    void setMenusNothingOpen();
+    /// Menu states at the end of a load of `kind`.
+    void setMenusLogOpen(const QString& kind);
+    /// The bullets of the two view menu entries.
+    void setViewBullets(bool allSelected);
+
+    /// Called whenever the engine changed something the window shows.
+    std::function<void()> onChanged;
+    void changed() {
+        if (onChanged)
+            onChanged();
+    }
+
+private:
+    std::array<StatusPane, 7> panes_;
+    std::map<QString, MenuState> menus_;
+};
+
+} // namespace twk

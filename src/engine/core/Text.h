@@ -1,0 +1,54 @@
+#pragma once
+// Text rules the whole program shares: positions count from 1, "trim" removes blanks
+// only, a cut that starts past the end is empty, a numeric reading is the leading
+// number after blanks. All texts are UTF-8 in std::string.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace twk::text {
+
+/// Removes leading and trailing blanks (code 32) only; tabs and line feeds stay.
+std::string_view trim(std::string_view s);
+std::string_view trimLeft(std::string_view s);
+std::string_view trimRight(std::string_view s);
+
+/// `length` characters (bytes) from the 1-based `start`; empty when start is past the end.
+std::string_view mid(std::string_view s, std::int64_t start, std::int64_t length);
+/// Everything from the 1-based `start`.
+std::string_view mid(std::string_view s, std::int64_t start);
+std::string_view left(std::string_view s, std::int64_t length);
+std::string_view right(std::string_view s, std::int64_t length);
+
+/// 1-based place of `needle` in `s` searching from `start`, 0 when absent.
+/// An empty needle is found at `start` (when start lies within s or just behind it).
+std::int64_t inStr(std::string_view s, std::string_view needle, std::int64_t start = 1);
+/// The same, blind to the case of ASCII letters and of the Latin-1 letters.
+std::int64_t inStrCaseBlind(std::string_view s, std::string_view needle, std::int64_t start = 1);
+bool contains(std::string_view s, std::string_view needle);
+bool containsCaseBlind(std::string_view s, std::string_view needle);
+
+/// Leading number after blanks: optional sign, digits; 0 when there is none.
+std::int64_t numericReading(std::string_view s);
+/// As numericReading, with a decimal fraction.
+double numericReadingReal(std::string_view s);
+
+/// Lower case of ASCII letters and of the two-byte UTF-8 Latin-1 capitals (Ä -> ä).
+std::string toLower(std::string_view s);
+std::string toUpper(std::string_view s);
+/// Case-blind equality with the folding of toLower.
+bool equalsCaseBlind(std::string_view a, std::string_view b);
+/// Case-blind three-way comparison (negative, 0, positive), byte order after folding.
+int compareCaseBlind(std::string_view a, std::string_view b);
+
+/// Replaces every occurrence of `from` by `to`.
+std::string replaceAll(std::string_view s, std::string_view from, std::string_view to);
+
+bool startsWith(std::string_view s, std::string_view prefix);
+bool endsWith(std::string_view s, std::string_view suffix);
+
+/// Decimal text of a number.
+std::string decimal(std::int64_t n);
+
+} // namespace twk::text

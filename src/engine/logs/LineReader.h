@@ -1,0 +1,53 @@
+#pragma once
+// Reads a server file line by line. A line ends at CR or CR LF; a lone LF stays in
+// the line. The file is opened, read and closed within one operation, in large
+// blocks, so that a line costs one memchr.
+
+#include <QString>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace twk {
+
+class LineReader {
+public:
+    explicit LineReader(const QString& path, std::size_t blockSize = std::size_t{1} << 20);
+    ~LineReader();
+    LineReader(const LineReader&) = delete;
+    LineReader& operator=(const LineReader&) = delete;
+
+    bool isOpen() const { return fd_ >= 0; }
+    /// The file's length when it was opened.
+    std::uint64_t length() const { return length_; }
+    /// Bytes consumed by the lines read so far (line ends included).
+    std::uint64_t position() const { return consumed_; }
+    /// True when no further line can be read.
+    bool atEnd();
+
+    /// The next line, valid until the next call; false at the end of the file.
+    bool next(std::string_view& line);
+    /// Skips `count` lines; false when the file ended first.
+    bool skip(std::int64_t count);
+
+private:
+    bool fill();
+
+    int fd_ = -1;
+    std::uint64_t length_ = 0;
+    std::uint64_t consumed_ = 0;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    bool eof_ = false;
+    bool skipLeadingLineFeed_ = false;
+};
+
+/// True when the file exists, is a regular file and can be read.
+bool fileReadable(const QString& path);
+/// Length of a file in bytes, 0 when it cannot be read.
+std::uint64_t fileLength(const QString& path);
+
+} // namespace twk

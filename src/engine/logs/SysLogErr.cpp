@@ -1,0 +1,463 @@
+#include "logs/SysLogErr.h"
+
+#include "core/Engine.h"
+#include "core/OemText.h"
+#include "core/Text.h"
+#include "logs/PassProgress.h"
+#include "logs/Vocabulary.h"
+
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+
+namespace twk {
+
+namespace {
+
+constexpr std::string_view kLogName = "SYS$LOG.ERR";
+constexpr std::string_view kMissing = "???";
+
+bool isSeparatorCode(unsigned char c) { return c >= 45 && c <= 47; }
+
+// ASCII-only case-blind search for a short lower-case needle (the header's am/pm).
+bool containsLowerAscii(std::string_view s, char a, char b) {
+    for (std::size_t i = 0; i + 1 < s.size(); ++i) {
+        const char x = static_cast<char>(s[i] | 0x20);
+        const char y = static_cast<char>(s[i + 1] | 0x20);
+        if (x == a && y == b && std::isalpha(static_cast<unsigned char>(s[i])) &&
+            std::isalpha(static_cast<unsigned char>(s[i + 1])))
+            return true;
+    }
+    return false;
+}
+
+bool isBlankLine(std::string_view line) {
+    for (const char c : line)
+        if (c != ' ')
+            return false;
+    return true;
+}
+
+} // namespace
+
+bool isEntryHeader(std::string_view line, std::string_view* dateToken) {
+    if (line.empty() || line.size() <= 6)
+        return false;
+    if (text::containsCaseBlind(line, kLogName) || text::contains(line, "*****"))
+        return false;
+    std::string_view s = line;
+    std::string withoutLineFeeds;
+    if (s.find('\n') != std::string_view::npos) {
+        withoutLineFeeds = text::replaceAll(s, "\n", "");
+        s = withoutLineFeeds;
+    }
+    s = text::trim(s);
+    const auto blank = s.find(' ');
+    if (s.size() < 7 || blank == std::string_view::npos)
+        return false;
+    const std::string_view token = s.substr(0, blank);
+    if (token.size() < 7 || token.size() > 10)
+        return false;
+    char separator = 0;
+    for (const char ch : token) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (c < 45 || c > 57)
+            return false;
+        if (isSeparatorCode(c))
+            separator = ch;
+    }
+    if (separator == 0)
+        return false;
+    int count = 0;
+    for (const char ch : token)
+        count += ch == separator ? 1 : 0;
+    if (count != 2)
+        return false;
+    if (dateToken != nullptr) {
+        // The token lies within `line` unless line feeds were removed before it.
+        if (withoutLineFeeds.empty())
+            *dateToken = token;
+        else
+            *dateToken = {};
+    }
+    return true;
+}
+
+namespace {
+
+// One scan for both answers about the first entry.
+std::int64_t firstEntry(const QString& path, std::string* date) {
+    LineReader reader(path);
+    std::string_view line;
+    std::int64_t number = 0;
+    while (reader.next(line)) {
+        ++number;
+        std::string_view token;
+        if (isEntryHeader(line, &token)) {
+            if (date != nullptr) {
+                if (token.empty()) {
+                    // Line feeds stood before the token: take it from the cleaned line.
+                    const std::string cleaned = text::replaceAll(line, "\n", "");
+                    const std::string_view t = text::trim(cleaned);
+                    *date = oemToUtf8(t.substr(0, t.find(' ')));
+                } else {
+                    *date = oemToUtf8(token);
+                }
+            }
+            return number;
+        }
+    }
+    return -1;
+}
+
+} // namespace
+
+std::int64_t fnFirstEntryRow(const QString& path) { return firstEntry(path, nullptr); }
+
+std::string fnFirstEntryDate(const QString& path) {
+    std::string date;
+    firstEntry(path, &date);
+    return date;
+}
+
+LanguageDecision detectLanguage(const QString& path) {
+    LineReader reader(path);
+    std::string_view line;
+    while (reader.next(line)) {
+        if (line.find('=') == std::string_view::npos || text::containsCaseBlind(line, kLogName))
+            continue;
+        if (text::contains(line, "Severity"))
+            return LanguageDecision::English;
+        if (text::contains(line, "Schweregrad"))
+            return LanguageDecision::German;
+    }
+    return LanguageDecision::Unknown;
+}
+
+SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language,
+                                     ErrorCapture* errors)
+    : reader_(reader), language_(language), errors_(errors) {}
+
+bool SysLogEntryReader::nextLine(std::string_view& line) { return reader_.next(line); }
+
+int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char* what) {
+    const std::int64_t index = text::numericReading(token);
+    if (index >= 0 && index < tableSize)
+        return static_cast<int>(index);
+    // A number outside its table: the entry keeps "???" there, the failure is captured
+    // once per reading, and the reading goes on.
+    if (errors_ != nullptr && !reported_) {
+        reported_ = true;
+        errors_->HandleError(
+            QStringLiteral("modSysLogErr.ShowSysLogErr(sPath)"), errnum::SubscriptOutOfRange,
+            QStringLiteral("Subscript out of range (%1 %2)").arg(QString::fromLatin1(what)).arg(index));
+    }
+    return -1;
+}
+
+void SysLogEntryReader::readCodeLine(std::string_view code, SysLogEntry& e) {
+    const bool german = language_ == LogLanguage::German;
+    const std::string_view severityWord = german ? "Schweregrad =" : "Severity =";
+    const std::string_view locusWord = german ? "Geometrischer Ort =" : "Locus =";
+    const std::string_view classWord = german ? "Klasse =" : "Class =";
+    const int severityOffset = german ? 14 : 11;
+    const int locusOffset = german ? 20 : 8;
+    const int classOffset = german ? 9 : 8;
+
+    e.severity = e.locus = e.klass = -1;
+    if (const auto p = text::inStr(code, severityWord); p > 0)
+        e.severity = lookup(text::mid(code, p + severityOffset, 1), kStatusCount, "severity");
+    if (const auto p = text::inStr(code, locusWord); p > 0)
+        e.locus = lookup(text::mid(code, p + locusOffset, 2), kLocusCount, "locus");
+    if (const auto p = text::inStr(code, classWord); p > 0)
+        e.klass = lookup(text::mid(code, p + classOffset, 2), kClassCount, "class");
+
+    e.statusIcon = e.severity >= 0 ? e.severity : kImageUnknownStatus;
+    e.state = e.severity >= 0 ? StatusNames[static_cast<std::size_t>(e.severity)] : kMissing;
+    e.source = e.locus >= 0 ? LocusNames[static_cast<std::size_t>(e.locus)] : kMissing;
+    e.category = e.klass >= 0 ? ClassNames[static_cast<std::size_t>(e.klass)] : kMissing;
+}
+
+bool SysLogEntryReader::read(SysLogEntry& e) {
+    std::string_view line;
+    if (!nextLine(line))
+        return false;
+    const bool german = language_ == LogLanguage::German;
+
+    // Header: date, two blanks, time, am/pm, colon, error number text.
+    const std::string_view header = text::trim(line);
+    const auto pos = text::inStr(header, "  ");
+    if (pos > 0) {
+        date_.clear();
+        appendOem(date_, text::left(header, pos - 1), false);
+    }
+    e.date = date_;
+    e.time.clear();
+    appendOem(e.time, text::mid(header, pos + 2, 8), false);
+    if (!e.time.empty() && e.time[0] == ' ')
+        e.time[0] = '0';
+    if (containsLowerAscii(header, 'a', 'm'))
+        e.time += " am";
+    if (containsLowerAscii(header, 'p', 'm'))
+        e.time += " pm";
+    e.errorNr.assign(1, ' ');
+    appendOem(e.errorNr, text::mid(header, pos + 16, 30), false);
+    // Text seen in this entry; an entry cut off by the end of the file before any text
+    // (empty lines at the end) is no entry.
+    bool sawText = !header.empty();
+    bool endOfFile = false;
+
+    // Code line.
+    std::string_view code;
+    if (nextLine(code)) {
+        code = text::trim(code);
+        sawText = sawText || !code.empty();
+        readCodeLine(code, e);
+    } else {
+        endOfFile = true;
+        readCodeLine({}, e);
+    }
+
+    // Message: the first text line, then every further line up to an empty one.
+    e.message.clear();
+    std::string_view textLine;
+    if (!endOfFile && nextLine(textLine)) {
+        const std::string_view first = text::trim(textLine);
+        sawText = sawText || !first.empty();
+        appendOem(e.message, first, true);
+        while (true) {
+            if (!nextLine(textLine)) {
+                endOfFile = true;
+                break;
+            }
+            const std::string_view more = text::trim(textLine);
+            if (more.empty())
+                break;
+            sawText = true;
+            e.message += "  |  ";
+            appendOem(e.message, more, german);
+        }
+    } else {
+        endOfFile = true;
+    }
+    if (endOfFile && !sawText)
+        return false;
+    e.eventIcon = iEventType(e.message, language_);
+    return true;
+}
+
+namespace {
+
+constexpr int kColIcon = 1, kColDate = 2, kColTime = 3, kColState = 4, kColSource = 5,
+              kColCategory = 6, kColEvent = 7, kColEventIcon = 8, kColErrorNr = 9,
+              kColMessage = 10;
+
+// Writes entries into grid rows, sharing equal texts of the small columns.
+class RowWriter {
+public:
+    explicit RowWriter(Grid& grid) : grid_(grid), pool_(grid.pool()) {
+        stateIds_.fill(kUnset);
+        sourceIds_.fill(kUnset);
+        categoryIds_.fill(kUnset);
+    }
+
+    void write(int row, const SysLogEntry& e, int eventNumber) {
+        grid_.setCellIcon(row, kColIcon, e.statusIcon);
+        if (e.date != lastDate_ || lastDateId_ == kUnset) {
+            lastDate_ = e.date;
+            lastDateId_ = pool_.intern(e.date);
+        }
+        grid_.setCellTextId(row, kColDate, lastDateId_);
+        grid_.setCellTextId(row, kColTime, pool_.intern(e.time));
+        grid_.setCellTextId(row, kColState, cached(stateIds_, e.severity, e.state));
+        grid_.setCellTextId(row, kColSource, cached(sourceIds_, e.locus, e.source));
+        grid_.setCellTextId(row, kColCategory, cached(categoryIds_, e.klass, e.category));
+        char number[16];
+        const auto n = std::snprintf(number, sizeof number, "%d", eventNumber);
+        grid_.setCellTextId(row, kColEvent, pool_.store(std::string_view(number, static_cast<std::size_t>(n))));
+        grid_.setCellIcon(row, kColEventIcon, e.eventIcon);
+        grid_.setCellTextId(row, kColErrorNr, pool_.intern(e.errorNr));
+        grid_.setCellTextId(row, kColMessage, pool_.store(e.message));
+    }
+
+private:
+    static constexpr StringId kUnset = 0xFFFFFFFFu;
+    template <std::size_t N>
+    StringId cached(std::array<StringId, N>& ids, int index, std::string_view text) {
+        // Index -1 is the missing token "???"; it is kept in the last slot.
+        const std::size_t slot = index < 0 ? N - 1 : static_cast<std::size_t>(index);
+        if (ids[slot] == kUnset)
+            ids[slot] = pool_.intern(text);
+        return ids[slot];
+    }
+
+    Grid& grid_;
+    StringPool& pool_;
+    std::string lastDate_;
+    StringId lastDateId_ = kUnset;
+    std::array<StringId, kStatusCount + 1> stateIds_{};
+    std::array<StringId, kLocusCount + 1> sourceIds_{};
+    std::array<StringId, kClassCount + 1> categoryIds_{};
+};
+
+LogLanguage languageForPane(Engine& engine, const QString& path) {
+    MainView& v = engine.view;
+    switch (detectLanguage(path)) {
+    case LanguageDecision::English:
+        v.pane(Tips).icon = QStringLiteral("imgUSAFlag");
+        return LogLanguage::English;
+    case LanguageDecision::German:
+        v.pane(Tips).icon = QStringLiteral("imgDeFlag");
+        return LogLanguage::German;
+    case LanguageDecision::Unknown:
+        break;
+    }
+    v.pane(Tips).icon = QStringLiteral("imgUnknownFlag");
+    return LogLanguage::English;
+}
+
+} // namespace
+
+int SysLogErrRows(Engine& engine, const QString& path) {
+    int rows = 1;
+    withErrorTail(engine.errors, "modSysLogErr.SysLogErrRows(sPath)", [&] {
+        MainView& v = engine.view;
+        if (!fileReadable(path)) {
+            engine.ui.messageBox(QStringLiteral("Access to logfile...\r") + path +
+                                     QStringLiteral("    \rimpossible!"),
+                                 MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
+            v.logFileListIndex = 0;
+            v.changed();
+            return;
+        }
+        const std::int64_t firstRow = fnFirstEntryRow(path);
+        v.pane(FirstEntry).text = QString::fromStdString(fnFirstEntryDate(path));
+
+        LineReader reader(path);
+        Pass1Progress progress(engine.progress, reader.length());
+        if (firstRow > 1)
+            reader.skip(firstRow - 1);
+        std::int64_t counter = 1;
+        std::string_view line;
+        while (reader.next(line)) {
+            if (isBlankLine(line))
+                ++counter;
+            progress.update(reader.position());
+            engine.yieldIfDue();
+        }
+        const std::int64_t counted = counter - 1;
+        rows = counted <= 0 ? 1 : static_cast<int>(std::min<std::int64_t>(counted, INT32_MAX));
+        v.pane(EntryPos).text = QStringLiteral("1/") + QString::number(rows);
+        v.pane(FileSize).text = FileSizeText(reader.length());
+        v.changed();
+    });
+    return rows;
+}
+
+void ShowSysLogErr(Engine& engine, const QString& path) {
+    withErrorTail(engine.errors, "modSysLogErr.ShowSysLogErr(sPath)", [&] {
+        MainView& v = engine.view;
+        Grid& grid = engine.Grid1;
+        if (fileLength(path) == 0) {
+            v.CurrentView = views::kSysLogErr;
+            v.changed();
+            return;
+        }
+        QString caption = QStringLiteral("   Pass 2/2");
+        int rows = grid.Rows();
+        while (true) {
+            Pass2Progress progress(engine.progress, caption, rows);
+            grid.setRedraw(false);
+            const int total = rows;
+            int remaining = rows;
+            const LogLanguage language = languageForPane(engine, path);
+            {
+                LineReader reader(path);
+                const std::int64_t firstRow = fnFirstEntryRow(path);
+                if (firstRow > 1)
+                    reader.skip(firstRow - 1);
+                SysLogEntryReader entries(reader, language, &engine.errors);
+                RowWriter writer(grid);
+                SysLogEntry entry;
+                while (remaining > 0 && !reader.atEnd()) {
+                    if (!entries.read(entry))
+                        break;
+                    writer.write(remaining, entry, total - remaining + 1);
+                    progress.entry(total - remaining);
+                    engine.yieldIfDue();
+                    --remaining;
+                }
+            }
+            if (progress.running() && remaining == 0)
+                engine.progress.hideProgress();
+            if (remaining == 0)
+                break;
+            // Fewer entries than counted: two empty lines in a row count twice in the
+            // first pass, or the file shrank. Read again into the right number of rows.
+            rows -= remaining;
+            caption = QStringLiteral("Final Pass");
+            grid.clear();
+            grid.setRows(rows);
+        }
+
+        if (grid.Rows() > 0)
+            v.pane(LastEntry).text = QString::fromUtf8(text::trim(grid.CellText(1, kColDate)));
+        grid.setSelectedRow(grid.Rows() > 0 ? 1 : 0);
+        grid.setRedraw(true);
+        v.CurrentView = views::kSysLogErr;
+        v.setMenusLogOpen(views::kSysLogErr);
+        if (grid.Rows() > 0)
+            v.pane(EntryPos).text = QString::fromUtf8(grid.CellText(1, kColEvent)) +
+                                    QStringLiteral("/") + QString::number(grid.Rows());
+        v.pane(Tips).text = QStringLiteral("double click here to view the error message...");
+        v.changed();
+    });
+}
+
+QString FileSizeText(std::uint64_t bytes) {
+    double size = static_cast<double>(bytes) / 1024.0;
+    QString unit = QStringLiteral(" KB");
+    if (size >= 1024.0) {
+        size /= 1024.0;
+        unit = QStringLiteral(" MB");
+    }
+    // "0.0#": one decimal at least, a second one when it is not 0.
+    const auto hundredths = static_cast<std::uint64_t>(std::floor(size * 100.0 + 0.5));
+    QString text = QString::number(hundredths / 100) + QStringLiteral(".") +
+                   QString::number((hundredths / 10) % 10);
+    if (hundredths % 10 != 0)
+        text += QString::number(hundredths % 10);
+    return text + unit;
+}
+
+std::string FormatDatum(std::string_view date) {
+    const std::string_view trimmed = text::trim(date);
+    if (trimmed.find_first_of("-./") == std::string_view::npos)
+        return std::string(trimmed);
+    std::string t;
+    for (const char ch : trimmed) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (c >= 45 && c <= 57)
+            t.push_back(ch);
+    }
+    auto p = text::inStr(t, ".");
+    const std::string_view separator = p > 0 ? "." : "-";
+    if (p == 0)
+        p = text::inStr(t, "-");
+    if (p == 0)
+        return std::string(trimmed);
+    const std::string_view aPart = text::left(t, p - 1);
+    const std::string a = (aPart.size() == 1 ? std::string("0") : std::string()) + std::string(aPart);
+    const std::string b(text::mid(t, p + 1, 2));
+    const auto p2 = text::inStr(t, separator, p + 1);
+    const std::string_view cPart = text::mid(t, p2 + 1, 4);
+    const std::string_view century =
+        cPart.size() >= 4 ? std::string_view() : (text::numericReading(cPart) < 50 ? "20" : "19");
+    const std::string c = std::string(century) + std::string(cPart);
+    std::string result;
+    result.reserve(c.size() + b.size() + a.size() + 2);
+    result.append(c).append(separator).append(b).append(separator).append(a);
+    return result;
+}
+
+} // namespace twk

@@ -1,0 +1,76 @@
+#pragma once
+// The system error log of a server: finding its first entry, telling its language,
+// counting its entries (pass 1) and reading them into the grid (pass 2), newest first.
+
+#include "logs/EventTypeRecognizer.h"
+#include "logs/LineReader.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace twk {
+
+class Engine;
+class ErrorCapture;
+
+/// 1-based number of the first line that begins an entry, or -1.
+std::int64_t fnFirstEntryRow(const QString& path);
+/// The date token of that line (as UTF-8), or "".
+std::string fnFirstEntryDate(const QString& path);
+/// Is this line (as read) the header of an entry? Gives its date token.
+bool isEntryHeader(std::string_view line, std::string_view* dateToken = nullptr);
+
+enum class LanguageDecision { English, German, Unknown };
+/// The language of the file's first code line.
+LanguageDecision detectLanguage(const QString& path);
+
+/// One entry of the log, as the grid row shows it.
+struct SysLogEntry {
+    int statusIcon = 0;
+    std::string date;
+    std::string time;
+    std::string_view state;
+    std::string_view source;
+    std::string_view category;
+    int eventIcon = 24;
+    std::string errorNr;
+    std::string message;
+    // Table index of each token, -1 when the token is missing or out of range.
+    int severity = -1;
+    int locus = -1;
+    int klass = -1;
+};
+
+/// Reads entries one after the other from an open file.
+class SysLogEntryReader {
+public:
+    SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors);
+    /// Reads the next entry. False when the file ended before a line of it with text.
+    bool read(SysLogEntry& entry);
+
+private:
+    bool nextLine(std::string_view& line);
+    void readCodeLine(std::string_view code, SysLogEntry& entry);
+    int lookup(std::string_view token, int tableSize, const char* what);
+
+    LineReader& reader_;
+    LogLanguage language_;
+    ErrorCapture* errors_;
+    std::string date_; // kept from entry to entry when a header has no double blank
+    bool reported_ = false;
+};
+
+/// Pass 1: counts the entries, sets panes 1, 3 and 4. Returns the rows, at least 1.
+int SysLogErrRows(Engine& engine, const QString& path);
+/// Pass 2: fills the grid's rows from the bottom up and sets panes and menus.
+void ShowSysLogErr(Engine& engine, const QString& path);
+
+/// Pane 4's text of a file size: "0.0#" KB, or MB from 1024 KB on.
+QString FileSizeText(std::uint64_t bytes);
+/// A date made comparable: year, month, day with the date's own separator.
+std::string FormatDatum(std::string_view date);
+
+} // namespace twk
