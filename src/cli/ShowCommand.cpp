@@ -11,7 +11,11 @@
 
 namespace twk::cli {
 
-int runShow(const QStringList& args) {
+const char* const kShowUsage =
+    "  tarnwick-cli show [--kind KIND] [--format json|csv] FILE\n"
+    "      KIND: SYS$LOG.ERR, CONSOLE.LOG, CRONLOG or ABEND.LOG (default: by the file name)\n";
+
+int runShow(const GlobalOptions&, const QStringList& args) {
     QString kind;
     QString format = QStringLiteral("json");
     QString file;

@@ -11,30 +11,47 @@ namespace twk::cli {
 int usage(const char* problem) {
     if (problem != nullptr)
         std::fprintf(stderr, "tarnwick-cli: %s\n", problem);
-    std::fprintf(stderr,
-                 "usage:\n"
-                 "  tarnwick-cli show [--kind KIND] [--format json|csv] FILE\n"
-                 "      KIND: SYS$LOG.ERR, CONSOLE.LOG, CRONLOG or ABEND.LOG\n"
-                 "      (without --kind it follows the file name)\n"
-                 "  tarnwick-cli --help\n");
+    std::fprintf(stderr, "usage: tarnwick-cli [--network DIR] COMMAND ...\n");
+    for (const char* lines : {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage,
+                              kServersUsage})
+        std::fprintf(stderr, "%s", lines);
+    std::fprintf(stderr, "  tarnwick-cli --help\n");
     return kExitUsage;
 }
 
 } // namespace twk::cli
 
 int main(int argc, char** argv) {
+    using namespace twk::cli;
     QCoreApplication app(argc, argv);
     QStringList args = QCoreApplication::arguments();
     args.removeFirst();
+    GlobalOptions options;
+    while (!args.isEmpty() && args.front() == QStringLiteral("--network")) {
+        args.removeFirst();
+        if (args.isEmpty())
+            return usage("--network needs a folder");
+        options.networkFolder = args.takeFirst();
+    }
     if (args.isEmpty())
-        return twk::cli::usage("no command given");
+        return usage("no command given");
     const QString command = args.takeFirst();
     if (command == QStringLiteral("--help") || command == QStringLiteral("-h") ||
         command == QStringLiteral("help")) {
-        twk::cli::usage(nullptr);
-        return twk::cli::kExitOk;
+        usage(nullptr);
+        return kExitOk;
     }
     if (command == QStringLiteral("show"))
-        return twk::cli::runShow(args);
-    return twk::cli::usage("unknown command");
+        return runShow(options, args);
+    if (command == QStringLiteral("save"))
+        return runSave(options, args);
+    if (command == QStringLiteral("filter"))
+        return runFilter(options, args);
+    if (command == QStringLiteral("errcode"))
+        return runErrcode(options, args);
+    if (command == QStringLiteral("demo"))
+        return runDemo(options, args);
+    if (command == QStringLiteral("servers"))
+        return runServers(options, args);
+    return usage("unknown command");
 }

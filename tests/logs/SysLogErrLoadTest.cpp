@@ -118,7 +118,7 @@ TEST_F(SysLogLoad, EmptyFileLeavesOneEmptyRow) {
 }
 
 TEST_F(SysLogLoad, MissingFileIsReportedAndNothingLoads) {
-    engine.view.logFileListIndex = 5;
+    engine.view.cbLogFile.ListIndex = 5;
     const QString path = tree.path("nowhere/SYS$LOG.ERR");
     EXPECT_FALSE(load(path));
     ASSERT_EQ(ui.messages.size(), 1u);
@@ -126,7 +126,7 @@ TEST_F(SysLogLoad, MissingFileIsReportedAndNothingLoads) {
               QStringLiteral("Access to logfile...\r") + path + QStringLiteral("    \rimpossible!"));
     EXPECT_EQ(ui.messages[0].title, QStringLiteral(" Tarnwick"));
     EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation);
-    EXPECT_EQ(engine.view.logFileListIndex, 0);
+    EXPECT_EQ(engine.view.cbLogFile.ListIndex, 0);
     EXPECT_EQ(engine.Grid1.Rows(), 0);
     EXPECT_TRUE(engine.view.CurrentView.isEmpty());
 }

@@ -64,6 +64,11 @@ MainView::MainView() {
                  QStringLiteral("imgTime"), QString()};
     resetPanes();
     setMenusNothingOpen();
+    cbTree.resetTo(QStringLiteral("tree"));
+    cbServer.resetTo(QStringLiteral("server"));
+    cbVolume.resetTo(QStringLiteral("volume"));
+    cbLogFile.resetTo(QStringLiteral("logfile"));
+    cbAbendLog.visible = false;
 }
 
 bool MainView::menuEnabled(const QString& name) const {

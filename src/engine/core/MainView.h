@@ -4,6 +4,7 @@
 // close control and the word that says what the grid shows.
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <functional>
@@ -37,6 +38,23 @@ struct MenuState {
     QString caption;
 };
 
+/// A list with an edit field (cbTree, cbServer, ...): its items and the selected one.
+struct ListState {
+    QStringList items;
+    int ListIndex = -1; ///< selected item, -1 for none
+    bool enabled = true;
+    bool visible = true;
+    /// The selected item's text, empty when none is selected.
+    QString text() const {
+        return ListIndex >= 0 && ListIndex < items.size() ? items[ListIndex] : QString();
+    }
+    /// Only the placeholder item, selected.
+    void resetTo(const QString& placeholder) {
+        items = QStringList{placeholder};
+        ListIndex = 0;
+    }
+};
+
 /// Pane numbers (1-based, as the status bar counts them).
 enum Pane { EntryPos = 1, LastEntry = 2, FirstEntry = 3, FileSize = 4, Tips = 5, SystemDate = 6,
             SystemTime = 7 };
@@ -59,8 +77,19 @@ public:
     bool menuEnabled(const QString& name) const;
     bool menuVisible(const QString& name) const;
 
-    /// The selected item of the logfile list (0 = "select logfile...").
-    int logFileListIndex = 0;
+    // The cascade of the main window: tree, server, volume, logfile, and the hidden
+    // list of the abends of an open ABEND.LOG.
+    ListState cbTree;
+    ListState cbServer;
+    ListState cbVolume;
+    ListState cbLogFile;
+    ListState cbAbendLog;
+    // Tool tips of the pictures beside the lists and of the close picture.
+    QString picTreeToolTip;
+    QString picServerToolTip;
+    QString picVolumeToolTip;
+    QString picLogfileToolTip;
+    QString picCloseLogfileToolTip;
 
     QString closeCaption = QStringLiteral("close logfile");
     bool closeEnabled = false;

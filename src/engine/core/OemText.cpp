@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace twk {
 
@@ -40,11 +41,42 @@ inline void appendCodePoint(std::string& out, std::uint32_t cp) {
     }
 }
 
+// Place of the first byte that needs more than a copy: 128 or above, or a line feed
+// when those become blanks. Eight bytes at a time.
+std::size_t firstSpecial(std::string_view raw, bool lineFeeds) {
+    constexpr std::uint64_t kHigh = 0x8080808080808080ull;
+    constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+    constexpr std::uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0Aull;
+    std::size_t i = 0;
+    for (; i + 8 <= raw.size(); i += 8) {
+        std::uint64_t w;
+        std::memcpy(&w, raw.data() + i, 8);
+        std::uint64_t special = w & kHigh;
+        if (lineFeeds) {
+            const std::uint64_t x = w ^ kLineFeeds;
+            special |= (x - kOnes) & ~x & kHigh;
+        }
+        if (special != 0)
+            break;
+    }
+    for (; i < raw.size(); ++i) {
+        const auto c = static_cast<unsigned char>(raw[i]);
+        if (c >= 0x80 || (lineFeeds && c == '\n'))
+            return i;
+    }
+    return raw.size();
+}
+
 } // namespace
 
 void appendOem(std::string& out, std::string_view raw, bool lineFeedToBlank) {
+    const std::size_t special = firstSpecial(raw, lineFeedToBlank);
+    if (special == raw.size()) {
+        out.append(raw);
+        return;
+    }
     std::size_t plainFrom = 0;
-    for (std::size_t i = 0; i < raw.size(); ++i) {
+    for (std::size_t i = special; i < raw.size(); ++i) {
         const auto c = static_cast<unsigned char>(raw[i]);
         if (c < 0x80 && !(lineFeedToBlank && c == '\n'))
             continue;

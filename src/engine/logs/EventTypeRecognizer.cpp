@@ -2,6 +2,7 @@
 
 #include "logs/Vocabulary.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -12,96 +13,135 @@ namespace twk {
 
 namespace {
 
-// A test on the message. Phrases are searched case-blind; prefix and suffix tests
-// compare exactly. A test holds when all its parts hold.
-struct Test {
-    int type;
-    std::vector<int> phrases; // indices into the phrase list (case-blind "contains")
-    std::string_view prefix;  // exact start, empty for none
-    std::string_view suffix;  // exact end, empty for none
-};
-
-// Folds ASCII capitals and the two-byte UTF-8 Latin-1 capitals to small letters.
-void foldInto(std::string& out, std::string_view s) {
-    out.resize(s.size());
-    unsigned char prev = 0;
-    for (std::size_t i = 0; i < s.size(); ++i) {
-        auto c = static_cast<unsigned char>(s[i]);
-        const unsigned char orig = c;
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<unsigned char>(c + 32);
-        else if (prev == 0xC3 && c >= 0x80 && c <= 0x9E && c != 0x97)
-            c = static_cast<unsigned char>(c + 0x20);
-        out[i] = static_cast<char>(c);
-        prev = orig;
-    }
+// Folds a byte for the case-blind phrase search: ASCII capitals to small letters, and
+// the second byte of a UTF-8 Latin-1 capital (after 0xC3) to that of its small letter.
+// Continuation bytes never equal ASCII bytes, so folding them unconditionally is safe.
+constexpr unsigned char foldByte(unsigned char c) {
+    if (c >= 'A' && c <= 'Z')
+        return static_cast<unsigned char>(c + 32);
+    if (c >= 0x80 && c <= 0x9E && c != 0x97)
+        return static_cast<unsigned char>(c + 0x20);
+    return c;
 }
 
-class Recognizer {
+// A test on the message: all its phrases found (case-blind), and the message starting
+// and ending exactly as given. Tests run in order; the last one that holds wins.
+struct Test {
+    int type;
+    std::uint32_t phrases;    // bit mask of phrase indices
+    std::string_view prefix;  // exact, empty for none
+    std::string_view suffix;  // exact, empty for none
+};
+
+// Finds all phrases in one pass over the folded message. Every position's first three
+// bytes are looked up in a small bit table of the phrases' first three bytes; only the
+// rare positions that pass are compared with the phrases that start so. The lookups of
+// neighbouring positions do not depend on each other, so the scan runs at the speed of
+// the bytes rather than at the latency of a chain of table loads.
+class PhraseScanner {
 public:
-    Recognizer(std::vector<std::string_view> phrases, std::vector<Test> tests)
-        : tests_(std::move(tests)) {
-        for (const auto phrase : phrases) {
+    explicit PhraseScanner(const std::vector<std::string_view>& phrases) {
+        for (std::size_t p = 0; p < phrases.size(); ++p) {
             std::string folded;
-            foldInto(folded, phrase);
-            phrases_.push_back(folded);
+            for (const char ch : phrases[p])
+                folded.push_back(static_cast<char>(foldByte(static_cast<unsigned char>(ch))));
+            const std::uint32_t b = bucket(reinterpret_cast<const unsigned char*>(folded.data()));
+            filter_[b >> 6] |= std::uint64_t{1} << (b & 63);
+            phrases_.push_back({std::move(folded), static_cast<int>(p), b});
         }
-        // All phrases have at least two bytes: index them by their first two.
-        firstPair_.fill(0);
-        for (std::size_t i = 0; i < phrases_.size(); ++i) {
-            const auto a = static_cast<unsigned char>(phrases_[i][0]);
-            const auto b = static_cast<unsigned char>(phrases_[i][1]);
-            firstPair_[pairKey(a, b)] |= std::uint32_t{1} << i;
-        }
+        for (int b = 0; b < 256; ++b)
+            fold_[static_cast<std::size_t>(b)] = foldByte(static_cast<unsigned char>(b));
     }
 
-    int recognize(std::string_view message) const {
+    std::uint32_t scan(std::string_view message) const {
         thread_local std::string folded;
-        foldInto(folded, message);
-        const std::uint32_t found = scan(folded);
-        int type = kImageNoEventType;
-        for (const Test& t : tests_) {
-            bool holds = true;
-            for (const int p : t.phrases)
-                holds = holds && (found & (std::uint32_t{1} << p)) != 0;
-            if (!t.prefix.empty())
-                holds = holds && message.starts_with(t.prefix);
-            if (!t.suffix.empty())
-                holds = holds && message.ends_with(t.suffix);
-            if (holds)
-                type = t.type;
-        }
-        return type;
-    }
-
-private:
-    static std::size_t pairKey(unsigned char a, unsigned char b) {
-        return (static_cast<std::size_t>(a) << 8) | b;
-    }
-
-    std::uint32_t scan(std::string_view s) const {
+        folded.resize(message.size());
+        const auto* in = reinterpret_cast<const unsigned char*>(message.data());
+        auto* f = reinterpret_cast<unsigned char*>(folded.data());
+        for (std::size_t i = 0; i < message.size(); ++i)
+            f[i] = fold_[in[i]];
         std::uint32_t found = 0;
-        if (s.size() < 2)
+        if (message.size() < 3)
             return found;
-        const auto* data = reinterpret_cast<const unsigned char*>(s.data());
-        for (std::size_t i = 0; i + 1 < s.size(); ++i) {
-            std::uint32_t candidates = firstPair_[pairKey(data[i], data[i + 1])] & ~found;
-            while (candidates != 0) {
-                const int p = __builtin_ctz(candidates);
-                candidates &= candidates - 1;
-                const std::string& phrase = phrases_[static_cast<std::size_t>(p)];
-                if (phrase.size() <= s.size() - i &&
-                    std::memcmp(data + i, phrase.data(), phrase.size()) == 0)
-                    found |= std::uint32_t{1} << p;
-            }
+        const std::size_t last = message.size() - 3;
+        for (std::size_t i = 0; i <= last; ++i) {
+            const std::uint32_t b = bucket(f + i);
+            if ((filter_[b >> 6] >> (b & 63) & 1) == 0) [[likely]]
+                continue;
+            for (const Phrase& p : phrases_)
+                if (p.bucket == b && p.text.size() <= message.size() - i &&
+                    std::memcmp(f + i, p.text.data(), p.text.size()) == 0)
+                    found |= std::uint32_t{1} << p.index;
         }
         return found;
     }
 
-    std::vector<std::string> phrases_;
-    std::vector<Test> tests_;
-    std::array<std::uint32_t, 65536> firstPair_{};
+private:
+    static constexpr int kBucketBits = 12;
+    static std::uint32_t bucket(const unsigned char* at) {
+        const std::uint32_t key = at[0] | (std::uint32_t{at[1]} << 8) | (std::uint32_t{at[2]} << 16);
+        return (key * 0x9E3779B1u) >> (32 - kBucketBits);
+    }
+    struct Phrase {
+        std::string text; // folded
+        int index;
+        std::uint32_t bucket;
+    };
+    std::vector<Phrase> phrases_;
+    std::array<std::uint64_t, (1u << kBucketBits) / 64> filter_{};
+    std::array<unsigned char, 256> fold_{};
 };
+
+class Recognizer {
+public:
+    Recognizer(const std::vector<std::string_view>& phrases, std::vector<Test> tests)
+        : scanner_(phrases), tests_(std::move(tests)) {
+        lastTestOfPhrase_.fill(-1);
+        for (std::size_t i = 0; i < tests_.size(); ++i) {
+            const Test& t = tests_[i];
+            if (t.phrases == 0) {
+                prefixStarts_[static_cast<unsigned char>(t.prefix.empty() ? 0 : t.prefix[0])] = true;
+                lastPhraselessTest_ = static_cast<int>(i);
+            }
+            for (int p = 0; p < 32; ++p)
+                if (t.phrases & (std::uint32_t{1} << p))
+                    lastTestOfPhrase_[static_cast<std::size_t>(p)] = static_cast<int>(i);
+        }
+    }
+
+    int recognize(std::string_view message) const {
+        const std::uint32_t found = scanner_.scan(message);
+        // Without a phrase only the tests of a bare prefix can hold.
+        if (found == 0 &&
+            (message.empty() || !prefixStarts_[static_cast<unsigned char>(message[0])]))
+            return kImageNoEventType;
+        // Walk the tests back from the last one that could hold: the first that holds
+        // is the last hit.
+        int start = lastPhraselessTest_;
+        for (std::uint32_t bits = found; bits != 0; bits &= bits - 1)
+            start = std::max(start, lastTestOfPhrase_[static_cast<std::size_t>(__builtin_ctz(bits))]);
+        for (int i = start; i >= 0; --i) {
+            const Test& t = tests_[static_cast<std::size_t>(i)];
+            if ((found & t.phrases) != t.phrases)
+                continue;
+            if (!t.prefix.empty() && !message.starts_with(t.prefix))
+                continue;
+            if (!t.suffix.empty() && !message.ends_with(t.suffix))
+                continue;
+            return t.type;
+        }
+        return kImageNoEventType;
+    }
+
+private:
+    PhraseScanner scanner_;
+    std::vector<Test> tests_;
+    std::array<bool, 256> prefixStarts_{}; // first bytes of the prefixes of phrase-less tests
+    std::array<int, 32> lastTestOfPhrase_{};
+    int lastPhraselessTest_ = -1;
+};
+
+constexpr std::uint32_t bit(int p) { return std::uint32_t{1} << p; }
 
 const Recognizer& english() {
     static const Recognizer r(
@@ -113,12 +153,12 @@ const Recognizer& english() {
          "Login is now disabled", "intruder lock-out", "intruder detection", "deactivated",
          "audit", "TTS shut down", "Novell Licensing Services", "Bindery open", "Bindery close",
          "System time changed", "Synthetic time", "POLICY MANAGER", "Router configuration error"},
-        {{7, {0}, {}, {}},   {8, {1}, {}, {}},   {9, {2}, {}, {}},   {10, {3}, {}, {}},
-         {11, {4}, {}, {}},  {12, {5}, {}, {}},  {13, {6}, {}, {}},  {14, {7}, {}, {}},
-         {15, {8}, {}, {}},  {16, {9}, {}, {}},  {17, {10}, {}, {}}, {18, {11}, {}, {}},
-         {19, {12}, {}, {}}, {19, {13}, {}, {}}, {20, {14}, {}, {}}, {23, {15}, {}, {}},
-         {21, {16}, {}, {}}, {22, {17}, {}, {}}, {27, {18}, {}, {}}, {28, {19}, {}, {}},
-         {29, {20}, {}, {}}, {30, {21}, {}, {}}, {31, {22}, {}, {}}, {32, {23}, {}, {}}});
+        {{7, bit(0), {}, {}},   {8, bit(1), {}, {}},   {9, bit(2), {}, {}},   {10, bit(3), {}, {}},
+         {11, bit(4), {}, {}},  {12, bit(5), {}, {}},  {13, bit(6), {}, {}},  {14, bit(7), {}, {}},
+         {15, bit(8), {}, {}},  {16, bit(9), {}, {}},  {17, bit(10), {}, {}}, {18, bit(11), {}, {}},
+         {19, bit(12), {}, {}}, {19, bit(13), {}, {}}, {20, bit(14), {}, {}}, {23, bit(15), {}, {}},
+         {21, bit(16), {}, {}}, {22, bit(17), {}, {}}, {27, bit(18), {}, {}}, {28, bit(19), {}, {}},
+         {29, bit(20), {}, {}}, {30, bit(21), {}, {}}, {31, bit(22), {}, {}}, {32, bit(23), {}, {}}});
     return r;
 }
 
@@ -129,26 +169,26 @@ const Recognizer& german() {
          "Anmeldung ist nun deaktiviert", "Sperre des unbefugten Benutzers", "deaktiviert",
          "Revision", "TTS heruntergefahren", "NLS", "Öffnen der Bindery",
          "Schließen der Bindery", "Systemzeit", "geändert", "POLICY MANAGER", "Router"},
-        {{7, {}, "Kommunikation", "hergestellt"},
-         {8, {}, "Kommunikation", "nicht möglich"},
-         {9, {0}, {}, {}},
-         {10, {1}, {}, {}},
-         {11, {2}, {}, {}},
-         {12, {3}, {}, {}},
-         {15, {}, "Fernkonsolenverbindung", "gewährt"},
-         {16, {}, "Fernkonsolenverbindung", "getrennt"},
-         {17, {}, "Fernkonsolenverbindung", "abgelehnt"},
-         {18, {4}, {}, {}},
-         {19, {5}, {}, {}},
-         {20, {6}, "Gerät", {}},
-         {23, {7}, {}, {}},
-         {21, {8}, {}, {}},
-         {22, {9}, {}, {}},
-         {27, {10}, {}, {}},
-         {28, {11}, {}, {}},
-         {29, {12, 13}, {}, {}},
-         {31, {14}, {}, {}},
-         {32, {15}, {}, {}}});
+        {{7, 0, "Kommunikation", "hergestellt"},
+         {8, 0, "Kommunikation", "nicht möglich"},
+         {9, bit(0), {}, {}},
+         {10, bit(1), {}, {}},
+         {11, bit(2), {}, {}},
+         {12, bit(3), {}, {}},
+         {15, 0, "Fernkonsolenverbindung", "gewährt"},
+         {16, 0, "Fernkonsolenverbindung", "getrennt"},
+         {17, 0, "Fernkonsolenverbindung", "abgelehnt"},
+         {18, bit(4), {}, {}},
+         {19, bit(5), {}, {}},
+         {20, bit(6), "Gerät", {}},
+         {23, bit(7), {}, {}},
+         {21, bit(8), {}, {}},
+         {22, bit(9), {}, {}},
+         {27, bit(10), {}, {}},
+         {28, bit(11), {}, {}},
+         {29, bit(12) | bit(13), {}, {}},
+         {31, bit(14), {}, {}},
+         {32, bit(15), {}, {}}});
     return r;
 }
 

@@ -82,6 +82,10 @@ public:
     bool CellFontBold(int row, int col) const;
     void setCellFontBold(int row, int col, bool bold);
 
+    /// The text ids and images of one row, for readers that fill whole rows.
+    StringId* rowTextIds(int row) { return cells_.data() + at(row, 1); }
+    std::int8_t* rowIcons(int row) { return icons_.data() + at(row, 1); }
+
     bool RowVisible(int row) const { return hidden_[physical(row)] == 0; }
     void setRowVisible(int row, bool visible);
     int visibleRowCount() const { return visibleCount_; }

@@ -68,7 +68,7 @@ bool LineReader::atEnd() {
     }
 }
 
-bool LineReader::next(std::string_view& line) {
+bool LineReader::nextSlow(std::string_view& line) {
     if (atEnd())
         return false;
     std::size_t searchFrom = begin_;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,11 +29,29 @@ public:
     bool atEnd();
 
     /// The next line, valid until the next call; false at the end of the file.
-    bool next(std::string_view& line);
+    bool next(std::string_view& line) {
+        // Fast path: a whole line with its end in the block.
+        if (!skipLeadingLineFeed_ && begin_ < end_) {
+            const char* data = buffer_.data();
+            const void* cr = std::memchr(data + begin_, '\r', end_ - begin_);
+            if (cr != nullptr) {
+                const auto at = static_cast<std::size_t>(static_cast<const char*>(cr) - data);
+                if (at + 1 < end_) {
+                    line = std::string_view(data + begin_, at - begin_);
+                    const std::size_t after = at + 1 + (data[at + 1] == '\n' ? 1 : 0);
+                    consumed_ += after - begin_;
+                    begin_ = after;
+                    return true;
+                }
+            }
+        }
+        return nextSlow(line);
+    }
     /// Skips `count` lines; false when the file ended first.
     bool skip(std::int64_t count);
 
 private:
+    bool nextSlow(std::string_view& line);
     bool fill();
 
     int fd_ = -1;

@@ -27,7 +27,7 @@ bool LoadLogFile(Engine& engine, const QString& kind, const QString& path) {
         engine.ui.messageBox(QStringLiteral("Access to logfile...\r") + path +
                                  QStringLiteral("    \rimpossible!"),
                              MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
-        v.logFileListIndex = 0;
+        v.cbLogFile.ListIndex = 0;
         v.changed();
         return false;
     }

@@ -42,8 +42,14 @@ public:
     Pass2Progress(ProgressPort& port, const QString& caption, int rows);
     bool running() const { return running_; }
     /// Entries written so far (Total - Remaining) before the current one is counted.
+    /// Called with 0, 1, 2, ... in turn; every step-th call grows the bar.
     void entry(int written) {
-        if (running_ && written % step_ == 0 && bar_ < kBarFullTwips + kTwipsPerStep)
+        if (!running_)
+            return;
+        if (written != nextStepAt_)
+            return;
+        nextStepAt_ += step_;
+        if (bar_ < kBarFullTwips + kTwipsPerStep)
             grow();
     }
     int step() const { return step_; }
@@ -58,6 +64,7 @@ private:
     bool running_ = false;
     int step_ = 1;
     int bar_ = kBarStartTwips;
+    int nextStepAt_ = 0;
 };
 
 } // namespace twk

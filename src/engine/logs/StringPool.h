@@ -2,7 +2,9 @@
 // Compact storage of the grid's texts: every text lives once in large chunks of memory
 // and is addressed by a 32-bit id, so a million rows cost no heap object per cell.
 
+#include <array>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
@@ -21,6 +23,8 @@ public:
     StringId store(std::string_view text);
     /// Returns the id of an equal text stored through intern() before, or stores it.
     StringId intern(std::string_view text);
+    /// Room for `count` texts, so that a load of known size grows no table.
+    void reserve(std::size_t count) { refs_.reserve(count); }
     std::string_view view(StringId id) const {
         const Ref& r = refs_[id];
         return {slotBase_[r.address >> kSlotBits] + (r.address & kSlotMask), r.length};
@@ -48,6 +52,46 @@ private:
     std::uint32_t used_ = 0;      // bytes used in the current (last) slot
     std::size_t chunkBytes_ = 0;
     std::unordered_map<std::string_view, StringId> interned_;
+};
+
+/// Remembers recently stored texts so that repeated ones share an id, with a fixed
+/// number of slots: unlike intern() its memory does not grow with the texts seen.
+class RecentTexts {
+public:
+    StringId get(StringPool& pool, std::string_view text) {
+        const std::uint64_t h = hash(text);
+        Slot& slot = slots_[h & (kSlots - 1)];
+        // The hash is compared first so that a new text touches no stored text.
+        if (slot.id == kEmptyString || slot.hash != h || pool.view(slot.id) != text) {
+            slot.id = pool.store(text);
+            slot.hash = h;
+        }
+        return slot.id;
+    }
+    void clear() { slots_.fill(Slot{}); }
+
+private:
+    // Mixes the text eight bytes at a time; short texts of a log column are typical.
+    static std::uint64_t hash(std::string_view text) {
+        std::uint64_t h = text.size() * 0x9E3779B97F4A7C15ull;
+        std::size_t i = 0;
+        for (; i + 8 <= text.size(); i += 8) {
+            std::uint64_t w;
+            std::memcpy(&w, text.data() + i, 8);
+            h = (h ^ w) * 0xBF58476D1CE4E5B9ull;
+            h ^= h >> 31;
+        }
+        std::uint64_t tail = 0;
+        std::memcpy(&tail, text.data() + i, text.size() - i);
+        h = (h ^ tail) * 0x94D049BB133111EBull;
+        return h ^ (h >> 29);
+    }
+    struct Slot {
+        std::uint64_t hash = 0;
+        StringId id = kEmptyString;
+    };
+    static constexpr std::size_t kSlots = 4096;
+    std::array<Slot, kSlots> slots_{};
 };
 
 } // namespace twk

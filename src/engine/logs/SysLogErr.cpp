@@ -8,7 +8,9 @@
 
 #include <cctype>
 #include <cmath>
+#include <charconv>
 #include <cstdio>
+#include <memory>
 
 namespace twk {
 
@@ -19,16 +21,22 @@ constexpr std::string_view kMissing = "???";
 
 bool isSeparatorCode(unsigned char c) { return c >= 45 && c <= 47; }
 
-// ASCII-only case-blind search for a short lower-case needle (the header's am/pm).
-bool containsLowerAscii(std::string_view s, char a, char b) {
+// Does the header hold "am" and "pm", without case? One pass for both.
+struct AmPm {
+    bool am = false;
+    bool pm = false;
+};
+AmPm findAmPm(std::string_view s) {
+    AmPm found;
     for (std::size_t i = 0; i + 1 < s.size(); ++i) {
-        const char x = static_cast<char>(s[i] | 0x20);
-        const char y = static_cast<char>(s[i + 1] | 0x20);
-        if (x == a && y == b && std::isalpha(static_cast<unsigned char>(s[i])) &&
-            std::isalpha(static_cast<unsigned char>(s[i + 1])))
-            return true;
+        const auto second = static_cast<unsigned char>(s[i + 1]);
+        if ((second | 0x20) != 'm')
+            continue;
+        const auto first = static_cast<unsigned char>(s[i]) | 0x20;
+        found.am = found.am || first == 'a';
+        found.pm = found.pm || first == 'p';
     }
-    return false;
+    return found;
 }
 
 bool isBlankLine(std::string_view line) {
@@ -138,8 +146,6 @@ SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language,
                                      ErrorCapture* errors)
     : reader_(reader), language_(language), errors_(errors) {}
 
-bool SysLogEntryReader::nextLine(std::string_view& line) { return reader_.next(line); }
-
 int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char* what) {
     const std::int64_t index = text::numericReading(token);
     if (index >= 0 && index < tableSize)
@@ -188,17 +194,22 @@ bool SysLogEntryReader::read(SysLogEntry& e) {
     const std::string_view header = text::trim(line);
     const auto pos = text::inStr(header, "  ");
     if (pos > 0) {
-        date_.clear();
-        appendOem(date_, text::left(header, pos - 1), false);
+        const std::string_view rawDate = text::left(header, pos - 1);
+        if (rawDate != rawDate_) { // consecutive entries mostly share their date
+            rawDate_.assign(rawDate);
+            date_.clear();
+            appendOem(date_, rawDate, false);
+        }
     }
     e.date = date_;
     e.time.clear();
     appendOem(e.time, text::mid(header, pos + 2, 8), false);
     if (!e.time.empty() && e.time[0] == ' ')
         e.time[0] = '0';
-    if (containsLowerAscii(header, 'a', 'm'))
+    const AmPm amPm = findAmPm(header);
+    if (amPm.am)
         e.time += " am";
-    if (containsLowerAscii(header, 'p', 'm'))
+    if (amPm.pm)
         e.time += " pm";
     e.errorNr.assign(1, ' ');
     appendOem(e.errorNr, text::mid(header, pos + 16, 30), false);
@@ -262,22 +273,24 @@ public:
     }
 
     void write(int row, const SysLogEntry& e, int eventNumber) {
-        grid_.setCellIcon(row, kColIcon, e.statusIcon);
+        StringId* text = grid_.rowTextIds(row) - 1; // so that text[col] is column col
+        std::int8_t* icon = grid_.rowIcons(row) - 1;
+        icon[kColIcon] = static_cast<std::int8_t>(e.statusIcon);
         if (e.date != lastDate_ || lastDateId_ == kUnset) {
             lastDate_ = e.date;
             lastDateId_ = pool_.intern(e.date);
         }
-        grid_.setCellTextId(row, kColDate, lastDateId_);
-        grid_.setCellTextId(row, kColTime, pool_.intern(e.time));
-        grid_.setCellTextId(row, kColState, cached(stateIds_, e.severity, e.state));
-        grid_.setCellTextId(row, kColSource, cached(sourceIds_, e.locus, e.source));
-        grid_.setCellTextId(row, kColCategory, cached(categoryIds_, e.klass, e.category));
+        text[kColDate] = lastDateId_;
+        text[kColTime] = times_.get(pool_, e.time);
+        text[kColState] = cached(stateIds_, e.severity, e.state);
+        text[kColSource] = cached(sourceIds_, e.locus, e.source);
+        text[kColCategory] = cached(categoryIds_, e.klass, e.category);
         char number[16];
-        const auto n = std::snprintf(number, sizeof number, "%d", eventNumber);
-        grid_.setCellTextId(row, kColEvent, pool_.store(std::string_view(number, static_cast<std::size_t>(n))));
-        grid_.setCellIcon(row, kColEventIcon, e.eventIcon);
-        grid_.setCellTextId(row, kColErrorNr, pool_.intern(e.errorNr));
-        grid_.setCellTextId(row, kColMessage, pool_.store(e.message));
+        const auto end = std::to_chars(number, number + sizeof number, eventNumber).ptr;
+        text[kColEvent] = pool_.store(std::string_view(number, static_cast<std::size_t>(end - number)));
+        icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
+        text[kColErrorNr] = errorNumbers_.get(pool_, e.errorNr);
+        text[kColMessage] = pool_.store(e.message);
     }
 
 private:
@@ -298,6 +311,8 @@ private:
     std::array<StringId, kStatusCount + 1> stateIds_{};
     std::array<StringId, kLocusCount + 1> sourceIds_{};
     std::array<StringId, kClassCount + 1> categoryIds_{};
+    RecentTexts times_;
+    RecentTexts errorNumbers_;
 };
 
 LogLanguage languageForPane(Engine& engine, const QString& path) {
@@ -326,7 +341,7 @@ int SysLogErrRows(Engine& engine, const QString& path) {
             engine.ui.messageBox(QStringLiteral("Access to logfile...\r") + path +
                                      QStringLiteral("    \rimpossible!"),
                                  MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
-            v.logFileListIndex = 0;
+            v.cbLogFile.ListIndex = 0;
             v.changed();
             return;
         }
@@ -377,12 +392,13 @@ void ShowSysLogErr(Engine& engine, const QString& path) {
                 if (firstRow > 1)
                     reader.skip(firstRow - 1);
                 SysLogEntryReader entries(reader, language, &engine.errors);
-                RowWriter writer(grid);
+                grid.pool().reserve(static_cast<std::size_t>(rows) * 4 + 64);
+                auto writer = std::make_unique<RowWriter>(grid);
                 SysLogEntry entry;
                 while (remaining > 0 && !reader.atEnd()) {
                     if (!entries.read(entry))
                         break;
-                    writer.write(remaining, entry, total - remaining + 1);
+                    writer->write(remaining, entry, total - remaining + 1);
                     progress.entry(total - remaining);
                     engine.yieldIfDue();
                     --remaining;

@@ -52,7 +52,7 @@ public:
     bool read(SysLogEntry& entry);
 
 private:
-    bool nextLine(std::string_view& line);
+    bool nextLine(std::string_view& line) { return reader_.next(line); }
     void readCodeLine(std::string_view code, SysLogEntry& entry);
     int lookup(std::string_view token, int tableSize, const char* what);
 
@@ -60,6 +60,7 @@ private:
     LogLanguage language_;
     ErrorCapture* errors_;
     std::string date_; // kept from entry to entry when a header has no double blank
+    std::string rawDate_;
     bool reported_ = false;
 };
 
