@@ -1,5 +1,6 @@
 #include "logs/LineReader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -8,7 +9,7 @@
 
 namespace twk {
 
-LineReader::LineReader(const QString& path, std::size_t blockSize) : buffer_(blockSize) {
+LineReader::LineReader(const QString& path, std::size_t blockSize) {
     const QByteArray local = path.toLocal8Bit();
     fd_ = ::open(local.constData(), O_RDONLY | O_CLOEXEC);
     if (fd_ < 0)
@@ -20,6 +21,9 @@ LineReader::LineReader(const QString& path, std::size_t blockSize) : buffer_(blo
         return;
     }
     length_ = static_cast<std::uint64_t>(st.st_size);
+    // No larger than the file (plus room to see its end), at least a page.
+    const std::uint64_t wanted = std::max<std::uint64_t>(4096, length_ + 1);
+    buffer_.allocate(static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, wanted)));
 }
 
 LineReader::~LineReader() {
@@ -36,7 +40,7 @@ bool LineReader::fill() {
         begin_ = 0;
     }
     if (end_ == buffer_.size())
-        buffer_.resize(buffer_.size() * 2); // a line longer than the block
+        buffer_.grow(); // a line longer than the block
     while (true) {
         const ssize_t got = ::read(fd_, buffer_.data() + end_, buffer_.size() - end_);
         if (got < 0 && errno == EINTR)

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,7 +58,26 @@ private:
     int fd_ = -1;
     std::uint64_t length_ = 0;
     std::uint64_t consumed_ = 0;
-    std::vector<char> buffer_;
+    // A block that is never zero-filled: small files cost no large clearing.
+    struct Block {
+        std::unique_ptr<char[]> bytes;
+        std::size_t length = 0;
+        char* data() { return bytes.get(); }
+        const char* data() const { return bytes.get(); }
+        std::size_t size() const { return length; }
+        char operator[](std::size_t i) const { return bytes[i]; }
+        void allocate(std::size_t n) {
+            bytes = std::make_unique_for_overwrite<char[]>(n);
+            length = n;
+        }
+        void grow() {
+            auto bigger = std::make_unique_for_overwrite<char[]>(length * 2);
+            std::memcpy(bigger.get(), bytes.get(), length);
+            bytes = std::move(bigger);
+            length *= 2;
+        }
+    };
+    Block buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
     bool eof_ = false;

@@ -122,6 +122,12 @@ std::int64_t firstEntry(const QString& path, std::string* date) {
 
 std::int64_t fnFirstEntryRow(const QString& path) { return firstEntry(path, nullptr); }
 
+FirstEntryScan firstEntryOf(const QString& path) {
+    FirstEntryScan result;
+    result.row = firstEntry(path, &result.date);
+    return result;
+}
+
 std::string fnFirstEntryDate(const QString& path) {
     std::string date;
     firstEntry(path, &date);
@@ -345,8 +351,9 @@ int SysLogErrRows(Engine& engine, const QString& path) {
             v.changed();
             return;
         }
-        const std::int64_t firstRow = fnFirstEntryRow(path);
-        v.pane(FirstEntry).text = QString::fromStdString(fnFirstEntryDate(path));
+        const auto first = firstEntryOf(path);
+        const std::int64_t firstRow = first.row;
+        v.pane(FirstEntry).text = QString::fromStdString(first.date);
 
         LineReader reader(path);
         Pass1Progress progress(engine.progress, reader.length());

@@ -20,6 +20,12 @@ class ErrorCapture;
 std::int64_t fnFirstEntryRow(const QString& path);
 /// The date token of that line (as UTF-8), or "".
 std::string fnFirstEntryDate(const QString& path);
+/// Both answers of one scan: the first entry's line number (-1 when none) and date.
+struct FirstEntryScan {
+    std::int64_t row = -1;
+    std::string date;
+};
+FirstEntryScan firstEntryOf(const QString& path);
 /// Is this line (as read) the header of an entry? Gives its date token.
 bool isEntryHeader(std::string_view line, std::string_view* dateToken = nullptr);
 
