@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -28,68 +29,101 @@ constexpr unsigned char foldByte(unsigned char c) {
 // and ending exactly as given. Tests run in order; the last one that holds wins.
 struct Test {
     int type;
-    std::uint32_t phrases;    // bit mask of phrase indices
-    std::string_view prefix;  // exact, empty for none
-    std::string_view suffix;  // exact, empty for none
+    std::uint32_t phrases;   // bit mask of phrase indices
+    std::string_view prefix; // exact, empty for none
+    std::string_view suffix; // exact, empty for none
 };
 
-// Finds all phrases in one pass over the folded message. Every position's first three
-// bytes are looked up in a small bit table of the phrases' first three bytes; only the
-// rare positions that pass are compared with the phrases that start so. The lookups of
-// neighbouring positions do not depend on each other, so the scan runs at the speed of
-// the bytes rather than at the latency of a chain of table loads.
+// Finds all phrases in one pass over the message: an automaton over byte classes
+// (folding is built into the classes) whose table entries hold the next state's row
+// offset, with the top bit set where phrases end. A byte costs two loads.
 class PhraseScanner {
 public:
     explicit PhraseScanner(const std::vector<std::string_view>& phrases) {
-        for (std::size_t p = 0; p < phrases.size(); ++p) {
-            std::string folded;
-            for (const char ch : phrases[p])
-                folded.push_back(static_cast<char>(foldByte(static_cast<unsigned char>(ch))));
-            const std::uint32_t b = bucket(reinterpret_cast<const unsigned char*>(folded.data()));
-            filter_[b >> 6] |= std::uint64_t{1} << (b & 63);
-            phrases_.push_back({std::move(folded), static_cast<int>(p), b});
-        }
+        classOf_.fill(0);
+        int classes = 1;
+        std::array<int, 256> classOfFolded{};
+        for (const auto phrase : phrases)
+            for (const char ch : phrase) {
+                const unsigned char f = foldByte(static_cast<unsigned char>(ch));
+                if (classOfFolded[f] == 0)
+                    classOfFolded[f] = classes++;
+            }
         for (int b = 0; b < 256; ++b)
-            fold_[static_cast<std::size_t>(b)] = foldByte(static_cast<unsigned char>(b));
+            classOf_[static_cast<std::size_t>(b)] =
+                static_cast<std::uint8_t>(classOfFolded[foldByte(static_cast<unsigned char>(b))]);
+        stride_ = static_cast<std::size_t>(classes);
+        std::vector<std::vector<int>> next(1, std::vector<int>(stride_, -1));
+        std::vector<std::uint32_t> out(1, 0);
+        for (std::size_t p = 0; p < phrases.size(); ++p) {
+            int state = 0;
+            for (const char ch : phrases[p]) {
+                const std::size_t c = classOf_[static_cast<unsigned char>(ch)];
+                if (next[static_cast<std::size_t>(state)][c] < 0) {
+                    next[static_cast<std::size_t>(state)][c] = static_cast<int>(next.size());
+                    next.emplace_back(stride_, -1);
+                    out.push_back(0);
+                }
+                state = next[static_cast<std::size_t>(state)][c];
+            }
+            out[static_cast<std::size_t>(state)] |= std::uint32_t{1} << p;
+        }
+        const std::size_t states = next.size();
+        std::vector<int> fail(states, 0);
+        std::vector<std::uint16_t> delta(states * stride_, 0);
+        std::vector<int> queue;
+        for (std::size_t c = 0; c < stride_; ++c) {
+            const int s = next[0][c];
+            delta[c] = static_cast<std::uint16_t>(s < 0 ? 0 : s);
+            if (s > 0)
+                queue.push_back(s);
+        }
+        for (std::size_t qi = 0; qi < queue.size(); ++qi) {
+            const auto s = static_cast<std::size_t>(queue[qi]);
+            out[s] |= out[static_cast<std::size_t>(fail[s])];
+            for (std::size_t c = 0; c < stride_; ++c) {
+                const int t = next[s][c];
+                const std::uint16_t viaFail =
+                    delta[static_cast<std::size_t>(fail[s]) * stride_ + c];
+                if (t < 0)
+                    delta[s * stride_ + c] = viaFail;
+                else {
+                    delta[s * stride_ + c] = static_cast<std::uint16_t>(t);
+                    fail[static_cast<std::size_t>(t)] = viaFail;
+                    queue.push_back(t);
+                }
+            }
+        }
+        if (states * stride_ > 0x7FFF)
+            throw std::length_error("phrase table too large for 16-bit rows");
+        table_.resize(delta.size());
+        for (std::size_t i = 0; i < delta.size(); ++i) {
+            const std::size_t target = delta[i];
+            table_[i] =
+                static_cast<std::uint16_t>(target * stride_) | (out[target] != 0 ? 0x8000 : 0);
+        }
+        outByRow_.assign(states * stride_, 0);
+        for (std::size_t s = 0; s < states; ++s)
+            outByRow_[s * stride_] = out[s];
     }
-
     std::uint32_t scan(std::string_view message) const {
-        thread_local std::string folded;
-        folded.resize(message.size());
-        const auto* in = reinterpret_cast<const unsigned char*>(message.data());
-        auto* f = reinterpret_cast<unsigned char*>(folded.data());
-        for (std::size_t i = 0; i < message.size(); ++i)
-            f[i] = fold_[in[i]];
         std::uint32_t found = 0;
-        if (message.size() < 3)
-            return found;
-        const std::size_t last = message.size() - 3;
-        for (std::size_t i = 0; i <= last; ++i) {
-            const std::uint32_t b = bucket(f + i);
-            if ((filter_[b >> 6] >> (b & 63) & 1) == 0) [[likely]]
-                continue;
-            for (const Phrase& p : phrases_)
-                if (p.bucket == b && p.text.size() <= message.size() - i &&
-                    std::memcmp(f + i, p.text.data(), p.text.size()) == 0)
-                    found |= std::uint32_t{1} << p.index;
+        std::uint32_t row = 0;
+        const std::uint16_t* table = table_.data();
+        for (const char ch : message) {
+            const std::uint32_t next = table[row + classOf_[static_cast<unsigned char>(ch)]];
+            row = next & 0x7FFF;
+            if (next & 0x8000) [[unlikely]]
+                found |= outByRow_[row];
         }
         return found;
     }
 
 private:
-    static constexpr int kBucketBits = 12;
-    static std::uint32_t bucket(const unsigned char* at) {
-        const std::uint32_t key = at[0] | (std::uint32_t{at[1]} << 8) | (std::uint32_t{at[2]} << 16);
-        return (key * 0x9E3779B1u) >> (32 - kBucketBits);
-    }
-    struct Phrase {
-        std::string text; // folded
-        int index;
-        std::uint32_t bucket;
-    };
-    std::vector<Phrase> phrases_;
-    std::array<std::uint64_t, (1u << kBucketBits) / 64> filter_{};
-    std::array<unsigned char, 256> fold_{};
+    std::array<std::uint8_t, 256> classOf_{};
+    std::size_t stride_ = 1;
+    std::vector<std::uint16_t> table_;
+    std::vector<std::uint32_t> outByRow_;
 };
 
 class Recognizer {
@@ -100,7 +134,8 @@ public:
         for (std::size_t i = 0; i < tests_.size(); ++i) {
             const Test& t = tests_[i];
             if (t.phrases == 0) {
-                prefixStarts_[static_cast<unsigned char>(t.prefix.empty() ? 0 : t.prefix[0])] = true;
+                prefixStarts_[static_cast<unsigned char>(t.prefix.empty() ? 0 : t.prefix[0])] =
+                    true;
                 lastPhraselessTest_ = static_cast<int>(i);
             }
             for (int p = 0; p < 32; ++p)
@@ -119,7 +154,8 @@ public:
         // is the last hit.
         int start = lastPhraselessTest_;
         for (std::uint32_t bits = found; bits != 0; bits &= bits - 1)
-            start = std::max(start, lastTestOfPhrase_[static_cast<std::size_t>(__builtin_ctz(bits))]);
+            start =
+                std::max(start, lastTestOfPhrase_[static_cast<std::size_t>(__builtin_ctz(bits))]);
         for (int i = start; i >= 0; --i) {
             const Test& t = tests_[static_cast<std::size_t>(i)];
             if ((found & t.phrases) != t.phrases)
@@ -141,54 +177,74 @@ private:
     int lastPhraselessTest_ = -1;
 };
 
-constexpr std::uint32_t bit(int p) { return std::uint32_t{1} << p; }
+constexpr std::uint32_t bit(int p) {
+    return std::uint32_t{1} << p;
+}
 
 const Recognizer& english() {
     static const Recognizer r(
-        {"Established communication", "Unable to communicate",
-         "Time Synchronization has been established", "Time Synchronization has been lost",
-         "Local database is open", "Local database has been closed", "registered as an NCP",
-         "deregistered as an NCP", "Remote console connection granted",
-         "Remote console connection cleared", "Remote console connection refused",
-         "Login is now disabled", "intruder lock-out", "intruder detection", "deactivated",
-         "audit", "TTS shut down", "Novell Licensing Services", "Bindery open", "Bindery close",
-         "System time changed", "Synthetic time", "POLICY MANAGER", "Router configuration error"},
-        {{7, bit(0), {}, {}},   {8, bit(1), {}, {}},   {9, bit(2), {}, {}},   {10, bit(3), {}, {}},
-         {11, bit(4), {}, {}},  {12, bit(5), {}, {}},  {13, bit(6), {}, {}},  {14, bit(7), {}, {}},
-         {15, bit(8), {}, {}},  {16, bit(9), {}, {}},  {17, bit(10), {}, {}}, {18, bit(11), {}, {}},
-         {19, bit(12), {}, {}}, {19, bit(13), {}, {}}, {20, bit(14), {}, {}}, {23, bit(15), {}, {}},
-         {21, bit(16), {}, {}}, {22, bit(17), {}, {}}, {27, bit(18), {}, {}}, {28, bit(19), {}, {}},
-         {29, bit(20), {}, {}}, {30, bit(21), {}, {}}, {31, bit(22), {}, {}}, {32, bit(23), {}, {}}});
+        {"Established communication",
+         "Unable to communicate",
+         "Time Synchronization has been established",
+         "Time Synchronization has been lost",
+         "Local database is open",
+         "Local database has been closed",
+         "registered as an NCP",
+         "deregistered as an NCP",
+         "Remote console connection granted",
+         "Remote console connection cleared",
+         "Remote console connection refused",
+         "Login is now disabled",
+         "intruder lock-out",
+         "intruder detection",
+         "deactivated",
+         "audit",
+         "TTS shut down",
+         "Novell Licensing Services",
+         "Bindery open",
+         "Bindery close",
+         "System time changed",
+         "Synthetic time",
+         "POLICY MANAGER",
+         "Router configuration error"},
+        {{7, bit(0), {}, {}},   {8, bit(1), {}, {}},   {9, bit(2), {}, {}},
+         {10, bit(3), {}, {}},  {11, bit(4), {}, {}},  {12, bit(5), {}, {}},
+         {13, bit(6), {}, {}},  {14, bit(7), {}, {}},  {15, bit(8), {}, {}},
+         {16, bit(9), {}, {}},  {17, bit(10), {}, {}}, {18, bit(11), {}, {}},
+         {19, bit(12), {}, {}}, {19, bit(13), {}, {}}, {20, bit(14), {}, {}},
+         {23, bit(15), {}, {}}, {21, bit(16), {}, {}}, {22, bit(17), {}, {}},
+         {27, bit(18), {}, {}}, {28, bit(19), {}, {}}, {29, bit(20), {}, {}},
+         {30, bit(21), {}, {}}, {31, bit(22), {}, {}}, {32, bit(23), {}, {}}});
     return r;
 }
 
 const Recognizer& german() {
-    static const Recognizer r(
-        {"Zeitsynchronisierung aufgebaut", "Abfragezyklen abgebrochen",
-         "Lokale Datenbank ist offen", "Lokale Datenbank wurde geschlossen",
-         "Anmeldung ist nun deaktiviert", "Sperre des unbefugten Benutzers", "deaktiviert",
-         "Revision", "TTS heruntergefahren", "NLS", "Öffnen der Bindery",
-         "Schließen der Bindery", "Systemzeit", "geändert", "POLICY MANAGER", "Router"},
-        {{7, 0, "Kommunikation", "hergestellt"},
-         {8, 0, "Kommunikation", "nicht möglich"},
-         {9, bit(0), {}, {}},
-         {10, bit(1), {}, {}},
-         {11, bit(2), {}, {}},
-         {12, bit(3), {}, {}},
-         {15, 0, "Fernkonsolenverbindung", "gewährt"},
-         {16, 0, "Fernkonsolenverbindung", "getrennt"},
-         {17, 0, "Fernkonsolenverbindung", "abgelehnt"},
-         {18, bit(4), {}, {}},
-         {19, bit(5), {}, {}},
-         {20, bit(6), "Gerät", {}},
-         {23, bit(7), {}, {}},
-         {21, bit(8), {}, {}},
-         {22, bit(9), {}, {}},
-         {27, bit(10), {}, {}},
-         {28, bit(11), {}, {}},
-         {29, bit(12) | bit(13), {}, {}},
-         {31, bit(14), {}, {}},
-         {32, bit(15), {}, {}}});
+    static const Recognizer r({"Zeitsynchronisierung aufgebaut", "Abfragezyklen abgebrochen",
+                               "Lokale Datenbank ist offen", "Lokale Datenbank wurde geschlossen",
+                               "Anmeldung ist nun deaktiviert", "Sperre des unbefugten Benutzers",
+                               "deaktiviert", "Revision", "TTS heruntergefahren", "NLS",
+                               "Öffnen der Bindery", "Schließen der Bindery", "Systemzeit",
+                               "geändert", "POLICY MANAGER", "Router"},
+                              {{7, 0, "Kommunikation", "hergestellt"},
+                               {8, 0, "Kommunikation", "nicht möglich"},
+                               {9, bit(0), {}, {}},
+                               {10, bit(1), {}, {}},
+                               {11, bit(2), {}, {}},
+                               {12, bit(3), {}, {}},
+                               {15, 0, "Fernkonsolenverbindung", "gewährt"},
+                               {16, 0, "Fernkonsolenverbindung", "getrennt"},
+                               {17, 0, "Fernkonsolenverbindung", "abgelehnt"},
+                               {18, bit(4), {}, {}},
+                               {19, bit(5), {}, {}},
+                               {20, bit(6), "Gerät", {}},
+                               {23, bit(7), {}, {}},
+                               {21, bit(8), {}, {}},
+                               {22, bit(9), {}, {}},
+                               {27, bit(10), {}, {}},
+                               {28, bit(11), {}, {}},
+                               {29, bit(12) | bit(13), {}, {}},
+                               {31, bit(14), {}, {}},
+                               {32, bit(15), {}, {}}});
     return r;
 }
 
