@@ -1,11 +1,9 @@
-// tarnwick-cli show: loads a log in both passes, as the window does, and prints the grid.
+// tarnwick-cli show: loads a log in both passes, or a saved logfile, as the window does,
+// and prints the grid.
 
-#include "cli/CliUi.h"
+#include "cli/CliLoad.h"
 #include "cli/Commands.h"
-#include "core/Engine.h"
 #include "logs/GridExport.h"
-#include "logs/LineReader.h"
-#include "logs/LogPipeline.h"
 
 #include <cstdio>
 
@@ -13,7 +11,8 @@ namespace twk::cli {
 
 const char* const kShowUsage =
     "  tarnwick-cli show [--kind KIND] [--format json|csv] FILE\n"
-    "      KIND: SYS$LOG.ERR, CONSOLE.LOG, CRONLOG or ABEND.LOG (default: by the file name)\n";
+    "      KIND: SYS$LOG.ERR, CONSOLE.LOG, CRONLOG or ABEND.LOG (default: by the file name);\n"
+    "      a FILE ending in .twk is a saved logfile and shows the view it holds\n";
 
 int runShow(const GlobalOptions&, const QStringList& args) {
     QString kind;
@@ -37,38 +36,14 @@ int runShow(const GlobalOptions&, const QStringList& args) {
         return usage("no file given");
     if (format != QStringLiteral("json") && format != QStringLiteral("csv"))
         return usage("the format is json or csv");
-    if (kind.isEmpty()) {
-        kind = logKindOfFileName(file);
-        if (kind.isEmpty())
-            return usage("the kind of the file is not known by its name; give --kind");
-    } else {
-        const QString known = logKindOfFileName(kind);
-        if (known.isEmpty())
-            return usage("unknown kind");
-        kind = known;
-    }
-    if (!canReadLogKind(kind)) {
-        std::fprintf(stderr, "tarnwick-cli: %s files cannot be read by this version yet\n",
-                     kind.toLocal8Bit().constData());
-        return kExitUsage;
-    }
 
-    CliUi ui;
-    NoProgress progress;
-    AppPaths paths = AppPaths::fromEnvironment();
-    paths.ensureFolders();
-    Engine engine(paths, ui, progress);
-    engine.errors.onError = [](const ErrorContext& c) {
-        std::fprintf(stderr, "tarnwick-cli: %s in %s (written to error.txt)\n",
-                     c.description.toLocal8Bit().constData(),
-                     c.methodName.toLocal8Bit().constData());
-    };
-    if (!LoadLogFile(engine, kind, file))
-        return kExitFailed;
+    CliSession session;
+    if (const int loaded = session.load(kind, file); loaded != kExitOk)
+        return loaded;
     if (format == QStringLiteral("csv"))
-        writeGridCsv(engine, stdout);
+        writeGridCsv(session.engine(), stdout);
     else
-        writeGridJson(engine, stdout);
+        writeGridJson(session.engine(), stdout);
     return std::fflush(stdout) == 0 ? kExitOk : kExitFailed;
 }
 

@@ -4,17 +4,23 @@
 
 #include "core/AppPaths.h"
 #include "core/DebugTrace.h"
+#include "core/DesktopPort.h"
+#include "core/EngineHooks.h"
 #include "core/ErrorCapture.h"
 #include "core/MainView.h"
 #include "core/UiPort.h"
 #include "core/settings/Registry.h"
+#include "directory/DirectoryState.h"
+#include "directory/NetworkPorts.h"
 #include "logs/Grid.h"
+#include "logs/LogAnalysis.h"
 #include "logs/ProgressPort.h"
 
 #include <QString>
 
 #include <array>
 #include <chrono>
+#include <memory>
 
 namespace twk {
 
@@ -30,6 +36,16 @@ public:
     DebugTrace trace;
     Grid Grid1;
     MainView view;
+    /// What the CONSOLE.LOG, ABEND.LOG and CRONLOG readers found beside the cells.
+    LogAnalysis analysis;
+    /// The network client (the embedded network folder unless replaced).
+    std::unique_ptr<NetworkClient> network;
+    /// Connection table, server table and the running search.
+    DirectoryState directory;
+    /// Starts programs and opens files, folders and pages (the window sets its own).
+    DesktopPort* desktop = &noDesktop();
+    /// Entry points of subsystems that plug into the main window later.
+    EngineHooks hooks;
 
     bool DebugMode = false;
     QString StartContext;

@@ -123,6 +123,8 @@ void MainView::setMenusLogOpen(const QString& kind) {
     menu(QStringLiteral("mnuEventIcons")).visible = sysLog;
     menu(QStringLiteral("mnuTrennlinie6")).visible = sysLog;
     menu(QStringLiteral("mnuAnalyzer")).visible = kind == views::kConsoleLog;
+    // The console log has its navigator in place of the go-to dialog.
+    menu(QStringLiteral("mnuGoto")).visible = kind != views::kConsoleLog;
     setViewBullets(true);
 }
 

@@ -3,6 +3,7 @@
 // tested without a display: caption, the seven status panes, menu states, the
 // close control and the word that says what the grid shows.
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -31,6 +32,13 @@ struct StatusPane {
     QString toolTip;
 };
 
+/// The progress bar a filter run places into pane 5 (ProgressBar1).
+struct PaneProgressBar {
+    bool visible = false;
+    long long Max = 0;
+    long long Value = 0;
+};
+
 struct MenuState {
     bool enabled = true;
     bool visible = true;
@@ -44,6 +52,8 @@ struct ListState {
     int ListIndex = -1; ///< selected item, -1 for none
     bool enabled = true;
     bool visible = true;
+    /// Image index of each item, where the list shows images (cbServer: 29..32).
+    QList<int> icons;
     /// The selected item's text, empty when none is selected.
     QString text() const {
         return ListIndex >= 0 && ListIndex < items.size() ? items[ListIndex] : QString();
@@ -51,6 +61,7 @@ struct ListState {
     /// Only the placeholder item, selected.
     void resetTo(const QString& placeholder) {
         items = QStringList{placeholder};
+        icons.clear();
         ListIndex = 0;
     }
 };
@@ -93,6 +104,15 @@ public:
 
     QString closeCaption = QStringLiteral("close logfile");
     bool closeEnabled = false;
+
+    /// The file the open view was loaded from (a local path), empty when none.
+    QString openLogPath;
+    /// The wait pointer over the window while a load or scan runs.
+    bool busyPointer = false;
+    /// The empty grid shows the program's background image.
+    bool backgroundImage = true;
+    /// Shown over pane 5 while a filter runs.
+    PaneProgressBar ProgressBar1;
 
     /// Panes 1 to 4 to their placeholders, pane 5 empty with the no-language flag,
     /// pane 1 back to the file icon, tool tips of a log view.

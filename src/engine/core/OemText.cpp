@@ -28,19 +28,6 @@ constexpr std::array<std::uint16_t, 128> kCp850 = {
     0x00B0, 0x00A8, 0x00B7, 0x00B9, 0x00B3, 0x00B2, 0x25A0, 0x00A0,
 };
 
-inline void appendCodePoint(std::string& out, std::uint32_t cp) {
-    if (cp < 0x80) {
-        out.push_back(static_cast<char>(cp));
-    } else if (cp < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
-        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-    } else {
-        out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
-        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-    }
-}
-
 // Place of the first byte that needs more than a copy: 128 or above, or a line feed
 // when those become blanks. Eight bytes at a time.
 std::size_t firstSpecial(std::string_view raw, bool lineFeeds) {
@@ -69,6 +56,19 @@ std::size_t firstSpecial(std::string_view raw, bool lineFeeds) {
 
 } // namespace
 
+void appendUtf8(std::string& out, std::uint32_t cp) {
+    if (cp < 0x80) {
+        out.push_back(static_cast<char>(cp));
+    } else if (cp < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    } else {
+        out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    }
+}
+
 void appendOem(std::string& out, std::string_view raw, bool lineFeedToBlank) {
     const std::size_t special = firstSpecial(raw, lineFeedToBlank);
     if (special == raw.size()) {
@@ -85,7 +85,7 @@ void appendOem(std::string& out, std::string_view raw, bool lineFeedToBlank) {
         if (c == '\n')
             out.push_back(' ');
         else
-            appendCodePoint(out, kCp850[c - 0x80]);
+            appendUtf8(out, kCp850[c - 0x80]);
     }
     out.append(raw.data() + plainFrom, raw.size() - plainFrom);
 }

@@ -3,11 +3,14 @@
 // as UTF-8; bytes from 128 up are read as code page 850, whose letters include the
 // German umlauts and sharp s at the places the servers write them.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace twk {
 
+/// Appends one code point (below 0x10000) as UTF-8.
+void appendUtf8(std::string& out, std::uint32_t codePoint);
 /// Appends `raw` (OEM bytes) to `out` as UTF-8; with `lineFeedToBlank` a line feed
 /// (code 10) becomes a blank.
 void appendOem(std::string& out, std::string_view raw, bool lineFeedToBlank);

@@ -30,6 +30,10 @@ public:
     virtual void styledMessage(const StyledMessage& message) = 0;
     /// Lets the event loop run (the window stays responsive during long work).
     virtual void yield() = 0;
+    /// Shows the small wait window (frmSearchWait, frmNDSScan) with its message, without
+    /// blocking; hideWaitForm takes it away.
+    virtual void showWaitForm(const QString& message) { (void)message; }
+    virtual void hideWaitForm() {}
 };
 
 /// A port that shows nothing and answers every question with its default button.

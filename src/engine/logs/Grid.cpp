@@ -151,6 +151,7 @@ void Grid::setRowVisible(int row, bool visible) {
         return;
     h = wanted;
     visibleCount_ += visible ? 1 : -1;
+    ++visibilityStamp_;
 }
 
 void Grid::sort(int col, SortType type, bool descending) {

@@ -89,6 +89,8 @@ public:
     bool RowVisible(int row) const { return hidden_[physical(row)] == 0; }
     void setRowVisible(int row, bool visible);
     int visibleRowCount() const { return visibleCount_; }
+    /// Grows whenever a row's visibility or the rows change (views compare it).
+    std::uint64_t visibilityStamp() const { return visibilityStamp_; }
 
     StringPool& pool() { return pool_; }
     const StringPool& pool() const { return pool_; }
@@ -110,6 +112,7 @@ private:
         return physical(row) * columns_.size() + static_cast<std::size_t>(col - 1);
     }
     void notifyReset() {
+        ++visibilityStamp_;
         if (onReset)
             onReset();
     }
@@ -123,6 +126,7 @@ private:
     std::vector<std::uint8_t> hidden_;  // per physical row
     std::vector<std::uint32_t> order_;  // display row - 1 -> physical row
     int visibleCount_ = 0;
+    std::uint64_t visibilityStamp_ = 0;
     bool redraw_ = true;
     int selectedRow_ = 0;
 };

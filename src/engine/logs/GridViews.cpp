@@ -85,7 +85,7 @@ void CreateNewTable(Engine& engine, const QString& kind) {
     } else if (kind == views::kCronlog) {
         v.pane(EntryPos).toolTip = QStringLiteral(" selected event / total events ");
         setLogToolTips(v, QStringLiteral(" first entry "), QStringLiteral(" last entry "));
-        columns = {col("col1", "  status", 48, SortType::None),
+        columns = {iconCol("col1", "  status", 48, SortType::None),
                    col("col2", "event", 48, SortType::None),
                    col("col3", "action", 886, SortType::None)};
     } else if (kind == views::kAbendLog) {

@@ -14,6 +14,9 @@ QString logKindOfFileName(const QString& fileName);
 /// True for the kinds this build can read.
 bool canReadLogKind(const QString& kind);
 
+/// Tells the user that a log file cannot be read ("Access to logfile..." with the path).
+void ShowLogfileNotAccessible(Engine& engine, const QString& path);
+
 /// Loads `path` as a log of `kind` into the grid. False when the file could not be
 /// read (the user was told) or the kind is unknown.
 bool LoadLogFile(Engine& engine, const QString& kind, const QString& path);

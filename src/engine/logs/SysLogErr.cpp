@@ -3,6 +3,8 @@
 #include "core/Engine.h"
 #include "core/OemText.h"
 #include "core/Text.h"
+#include "logs/DateLine.h"
+#include "logs/LogPipeline.h"
 #include "logs/PassProgress.h"
 #include "logs/Vocabulary.h"
 
@@ -18,8 +20,6 @@ namespace {
 
 constexpr std::string_view kLogName = "SYS$LOG.ERR";
 constexpr std::string_view kMissing = "???";
-
-bool isSeparatorCode(unsigned char c) { return c >= 45 && c <= 47; }
 
 // Does the header hold "am" and "pm", without case? One pass for both.
 struct AmPm {
@@ -64,22 +64,7 @@ bool isEntryHeader(std::string_view line, std::string_view* dateToken) {
     if (s.size() < 7 || blank == std::string_view::npos)
         return false;
     const std::string_view token = s.substr(0, blank);
-    if (token.size() < 7 || token.size() > 10)
-        return false;
-    char separator = 0;
-    for (const char ch : token) {
-        const auto c = static_cast<unsigned char>(ch);
-        if (c < 45 || c > 57)
-            return false;
-        if (isSeparatorCode(c))
-            separator = ch;
-    }
-    if (separator == 0)
-        return false;
-    int count = 0;
-    for (const char ch : token)
-        count += ch == separator ? 1 : 0;
-    if (count != 2)
+    if (!isDateToken(token))
         return false;
     if (dateToken != nullptr) {
         // The token lies within `line` unless line feeds were removed before it.
@@ -344,9 +329,7 @@ int SysLogErrRows(Engine& engine, const QString& path) {
     withErrorTail(engine.errors, "modSysLogErr.SysLogErrRows(sPath)", [&] {
         MainView& v = engine.view;
         if (!fileReadable(path)) {
-            engine.ui.messageBox(QStringLiteral("Access to logfile...\r") + path +
-                                     QStringLiteral("    \rimpossible!"),
-                                 MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
+            ShowLogfileNotAccessible(engine, path);
             v.cbLogFile.ListIndex = 0;
             v.changed();
             return;

@@ -1,0 +1,16 @@
+#pragma once
+// Read-only files delivered with the program (share/) are copied into the application
+// folder when missing there, never over a file the user changed.
+
+#include <QString>
+#include <QStringList>
+
+namespace twk {
+
+struct AppPaths;
+
+/// Copies each named file (a path below share/) that the application folder lacks.
+/// Returns the names copied; a file missing in share/ is skipped.
+QStringList CopyDeliveredFiles(const AppPaths& paths, const QStringList& names);
+
+} // namespace twk

@@ -1,0 +1,33 @@
+#pragma once
+// Entry points of subsystems that plug into the main window later: each is empty until
+// its subsystem sets it, and the main window says plainly when a command has none yet.
+
+#include <QString>
+
+#include <functional>
+
+namespace twk {
+
+/// What the go-to dialog is opened with.
+struct GotoRequest {
+    QString caption; ///< " Goto Event Number..." or " Goto Date..."
+    QString entries; ///< first and last entry joined by " - "
+    QString range;   ///< "1 - " + rows, or "valid range -> 1 - " + rows
+};
+
+struct EngineHooks {
+    /// Loads a saved logfile (*.twk) into the grid.
+    std::function<void(const QString& path)> LoadSavedLogfile;
+    /// Starts the realtime monitor, or stops it while it runs.
+    std::function<void()> mnuRTM_Click;
+    /// Shows the realtime filter rules in the grid (the "FilterRules" view).
+    std::function<void()> ShowFilterRules;
+    /// A double click on a grid row (1-based, in the grid's current order).
+    std::function<void(int row)> Grid1_DblClick;
+    /// Opens the go-to dialog.
+    std::function<void(const GotoRequest& request)> showGoto;
+    /// Opens a remote console to a server.
+    std::function<void(const QString& server)> remoteConsole;
+};
+
+} // namespace twk

@@ -1,0 +1,40 @@
+#include "directory/NetworkFolder.h"
+
+#include "core/Engine.h"
+#include "directory/NetworkFolderClient.h"
+
+namespace twk {
+
+QString resolveNetworkFolder(const AppPaths& paths, const Registry& registry) {
+    const QString fromEnvironment = qEnvironmentVariable("TARNWICK_NETWORK");
+    if (!fromEnvironment.isEmpty())
+        return fromEnvironment;
+    const QString setting =
+        registry.Reg_GetValue(Hive::CurrentUser, kNetworkKey, kNetworkFolderValue).trimmed();
+    if (!setting.isEmpty())
+        return setting;
+    return paths.networkFolder;
+}
+
+std::unique_ptr<NetworkClient> makeNetworkFolderClient(const QString& folder,
+                                                       ErrorCapture* errors) {
+    return std::make_unique<NetworkFolderClient>(folder, errors);
+}
+
+std::unique_ptr<NetworkClient> makeDefaultNetworkClient(Engine& engine) {
+    return makeNetworkFolderClient(resolveNetworkFolder(engine.paths, engine.registry),
+                                   &engine.errors);
+}
+
+void useNetworkFolder(Engine& engine, const QString& folder) {
+    engine.paths.networkFolder = folder;
+    engine.network = makeNetworkFolderClient(folder, &engine.errors);
+}
+
+QString networkFolderOf(Engine& engine) {
+    if (const auto* client = dynamic_cast<const NetworkFolderClient*>(engine.network.get()))
+        return client->folder();
+    return QString();
+}
+
+} // namespace twk

@@ -1,0 +1,82 @@
+#pragma once
+// The event properties dialog frmEventProperties as a model: one row of the SYS$LOG.ERR
+// view in full, walking to the neighbouring visible events, the copy text, the source
+// help, and the decoding of file system hooks and error codes named in the message.
+// The window shows it modeless with the main window as owner.
+
+#include "core/FormControls.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace twk {
+
+class Engine;
+
+namespace propertiesText {
+inline const QString kCaption = QStringLiteral(" Event-Properties");
+inline const QString kHelpPage = QStringLiteral("_syslog.err/_properties/evntprop.htm");
+inline const QString kStatusHelpPage = QStringLiteral("_syslog.err/_statusicons/statusicons.htm");
+inline const QString kEventTypeHelpPage = QStringLiteral("_syslog.err/_eventicons/noeventicon.htm");
+} // namespace propertiesText
+
+/// The lines of the file system hook box, one per hook number.
+const QStringList& fileSystemHookLines();
+/// The explanation of a source (locus) name; "Source unknown!     " for others.
+QStringList sourceHelpLines(const QString& source);
+/// Does a message name a file system hook or an error code (enables cmdFileHook)?
+bool messageHasDecoding(const QString& message);
+
+class FrmEventProperties {
+public:
+    explicit FrmEventProperties(Engine& engine);
+
+    LabelState lbDate;
+    LabelState lbTime;
+    LabelState lbStatus;
+    LabelState lbSource;
+    LabelState lbCategory;
+    LabelState lbEventNumber;
+    LabelState lbErrorDesc;
+    LabelState lbErrorNumber;
+    LabelState lbErrorMessage;
+    LabelState lbStatusDesc;
+    int picStatus = -1;    ///< image index of the severity icon
+    int picErrorType = -1; ///< image index of the event type icon
+    ButtonState cmdUp{QStringLiteral(" next event ")};
+    ButtonState cmdDown{QStringLiteral(" previous event ")};
+    ButtonState cmdCopy{QStringLiteral(" copy to clipboard ")};
+    ButtonState cmdExit{QStringLiteral(" exit ")};
+    ButtonState cmdSourceHelp;
+    ButtonState cmdFileHook;
+    bool visible = false;
+    int row = 0; ///< the grid row shown
+
+    /// Opens on a row of the SYS$LOG.ERR view (the grid's double click, Enter, Find).
+    /// False for any other view or a row outside the grid.
+    bool open(int gridRow);
+    /// Page Down: the next visible row below; nothing at the end.
+    void cmdDown_Click();
+    /// Page Up: the next visible row above; nothing at row 1.
+    void cmdUp_Click();
+    /// The text the clipboard gets, lines ended by CR LF.
+    QString cmdCopy_Click() const;
+    /// Shows what the source means.
+    void cmdSourceHelp_Click();
+    /// Shows the file system hook numbers, or the text of the error code of the message.
+    void cmdFileHook_Click();
+    /// The help page a click on the status opens; empty unless it is a link.
+    QString lbStatus_Click() const;
+    /// The help page a click on the event type opens; empty unless it is a link.
+    QString lbErrorDesc_Click() const;
+    /// Exit and Esc.
+    void cmdExit_Click();
+
+private:
+    void fill(int gridRow);
+    void walk(int step);
+
+    Engine& engine_;
+};
+
+} // namespace twk

@@ -1,0 +1,135 @@
+#include "core/MainKeys.h"
+
+#include "MainWindowSupport.h"
+#include "core/Mainfrm.h"
+
+#include <gtest/gtest.h>
+
+using namespace twk;
+using test::MainWindowFixture;
+
+namespace {
+
+const KeyModifiers kNone{};
+const KeyModifiers kCtrlAlt{false, true, true};
+
+class Keys : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(f.start(), StartupOutcome::Running); }
+    void loadLog() {
+        ASSERT_TRUE(
+            MainWindowFixture::choose(f.engine->view.cbLogFile, QStringLiteral("SYS$LOG.ERR")));
+        cbLogFile_Click(*f.engine);
+        ASSERT_EQ(f.engine->Grid1.Rows(), 40);
+    }
+    MainWindowFixture f;
+};
+
+} // namespace
+
+TEST_F(Keys, CtrlAltDTwiceLeavesTheCaptionAsItWas) {
+    const QString before = f.engine->view.caption;
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::D, kCtrlAlt));
+    EXPECT_TRUE(f.engine->DebugMode);
+    EXPECT_EQ(f.engine->view.caption, before + QStringLiteral("   [DEBUG MODE=ON]"));
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::D, kCtrlAlt));
+    EXPECT_FALSE(f.engine->DebugMode);
+    EXPECT_EQ(f.engine->view.caption, before);
+}
+
+TEST_F(Keys, DNeedsExactlyCtrlAndAlt) {
+    const QString before = f.engine->view.caption;
+    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::D, {false, true, false}));
+    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::D, {true, true, true}));
+    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::D, kNone));
+    EXPECT_FALSE(f.engine->DebugMode);
+    EXPECT_EQ(f.engine->view.caption, before);
+}
+
+TEST_F(Keys, F9WithALogOpenClosesItWithoutAsking) {
+    loadLog();
+    std::vector<std::string> order;
+    f.engine->hooks.ShowFilterRules = [&] {
+        order.push_back("rules");
+    };
+    f.engine->hooks.mnuRTM_Click = [&] {
+        order.push_back("monitor");
+    };
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::F9, kNone));
+    EXPECT_TRUE(f.ui.messages.empty()) << "no question outside the monitor view";
+    EXPECT_EQ(f.engine->Grid1.Rows(), 0);
+    EXPECT_EQ(order, (std::vector<std::string>{"rules", "monitor"}));
+}
+
+TEST_F(Keys, F9WithoutTheMonitorClosesAndSaysSo) {
+    loadLog();
+    Form_KeyDown(*f.engine, MainKey::F9, kNone);
+    EXPECT_EQ(f.engine->Grid1.Rows(), 0);
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable);
+}
+
+TEST_F(Keys, F9InTheMonitorViewAsksFirst) {
+    int starts = 0;
+    f.engine->hooks.ShowFilterRules = [] {
+    };
+    f.engine->hooks.mnuRTM_Click = [&] {
+        ++starts;
+    };
+    f.engine->view.CurrentView = views::kRealtimeMonitor;
+    f.ui.answers = {MsgResult::No};
+    Form_KeyDown(*f.engine, MainKey::F9, kNone);
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].text, QStringLiteral("Exit Realtime Event Monitor?     "));
+    EXPECT_EQ(f.ui.messages[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(f.ui.messages[0].icon, MsgIcon::Question);
+    EXPECT_EQ(starts, 0);
+    EXPECT_EQ(f.engine->view.CurrentView, views::kRealtimeMonitor);
+
+    f.ui.answers = {MsgResult::Yes};
+    Form_KeyDown(*f.engine, MainKey::F9, kNone);
+    EXPECT_EQ(starts, 1);
+}
+
+TEST_F(Keys, F9AndF1WantNoModifier) {
+    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::F9, {true, false, false}));
+    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::F1, {false, true, false}));
+    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::Other, kNone));
+    EXPECT_TRUE(f.ui.messages.empty());
+}
+
+TEST_F(Keys, F1OpensTheHelpPageOfTheView) {
+    EXPECT_EQ(HelpPageOfView(QStringLiteral("ABEND.LOG")),
+              QStringLiteral("_abend.log/description.htm"));
+    EXPECT_EQ(HelpPageOfView(QStringLiteral("CONSOLE.LOG")),
+              QStringLiteral("_console.log/description.htm"));
+    EXPECT_EQ(HelpPageOfView(QStringLiteral("CRONLOG")),
+              QStringLiteral("_cronlog/description.htm"));
+    EXPECT_EQ(HelpPageOfView(QStringLiteral("SYS$LOG.ERR")),
+              QStringLiteral("_syslog.err/description.htm"));
+    EXPECT_EQ(HelpPageOfView(QStringLiteral("RealtimeMonitor")), QStringLiteral("index.htm"));
+
+    Form_KeyDown(*f.engine, MainKey::F1, kNone);
+    ASSERT_EQ(f.ui.messages.size(), 1u) << "no help pages installed";
+    EXPECT_TRUE(f.desktop.opened.empty());
+
+    loadLog();
+    const QString page =
+        f.tree.write(QStringLiteral("app/help/_syslog.err/description.htm"), "<html/>");
+    Form_KeyDown(*f.engine, MainKey::F1, kNone);
+    ASSERT_EQ(f.desktop.opened.size(), 1u);
+    EXPECT_EQ(f.desktop.opened[0], page);
+}
+
+TEST_F(Keys, EnterIsADoubleClickOnTheSelectedRow) {
+    std::vector<int> rows;
+    f.engine->hooks.Grid1_DblClick = [&](int row) {
+        rows.push_back(row);
+    };
+    Form_KeyDown(*f.engine, MainKey::Enter, kNone);
+    EXPECT_TRUE(rows.empty()) << "no row selected";
+    loadLog();
+    f.engine->Grid1.setSelectedRow(7);
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::Enter, {true, false, false}));
+    EXPECT_EQ(rows, std::vector<int>{7});
+}
