@@ -1,0 +1,53 @@
+#pragma once
+// A started main window on the test network of the engine tests.
+
+#include "core/MainWindowSupport.h"
+#include "gui/GridView.h"
+#include "gui/ImageList.h"
+#include "gui/Mainfrm.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace twk::test {
+
+inline const gui::ImageList& testImages() {
+    static const gui::ImageList images(
+        QDir(QStringLiteral(TWK_SHARE_DIR)).filePath(QStringLiteral("icons")));
+    return images;
+}
+
+class WindowFixture : public MainWindowFixture {
+public:
+    explicit WindowFixture(bool withNetwork = true, int entries = 40)
+        : MainWindowFixture(withNetwork, entries),
+          window(std::make_unique<gui::Mainfrm>(*engine, testImages())) {}
+
+    /// Runs the start and shows the window.
+    void startWindow() {
+        start();
+        window->show();
+        window->refresh();
+        (void)QTest::qWaitForWindowExposed(window.get());
+    }
+    /// Chooses an item of a cascade list as the user does.
+    static void choose(QComboBox* combo, const QString& item) {
+        const int index = combo->findText(item);
+        ASSERT_GE(index, 0) << item.toStdString();
+        combo->setCurrentIndex(index);
+        Q_EMIT combo->activated(index);
+    }
+    void loadLog() {
+        choose(window->cbLogFile(), QStringLiteral("SYS$LOG.ERR"));
+        ASSERT_EQ(engine->Grid1.Rows(), 40);
+    }
+
+    std::unique_ptr<gui::Mainfrm> window;
+};
+
+} // namespace twk::test
