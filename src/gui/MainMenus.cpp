@@ -77,7 +77,7 @@ const Menu kMenus[] = {
       {"mnuUpdateCheck", "&update check...", ""},
       {"mnuTrennlinie6", "", ""},
       {"mnuStatusIcons", "&status icons...", ""},
-      {"mnuEventIcons", "&event icons...", ""},
+      {"mnuEventIcons", "e&vent icons...", ""},
       {"-", "", ""},
       {"mnuAbout", "&about Tarnwick...", ""}}},
 };

@@ -18,8 +18,6 @@ namespace twk::gui {
 
 namespace {
 
-constexpr int kProgressMs = 50;
-
 struct BoxPlace {
     const char* name;
     int image;
@@ -97,8 +95,6 @@ frmFilterCronlog::frmFilterCronlog(Engine& engine, const ImageList& images, QWid
     layout->addWidget(searchBox);
     layout->addLayout(buttons);
 
-    progressTimer_.setInterval(kProgressMs);
-    connect(&progressTimer_, &QTimer::timeout, this, &frmFilterCronlog::showProgress);
     render();
     cmdFilter_->setFocus();
 }
@@ -122,27 +118,11 @@ void frmFilterCronlog::render() {
     }
 }
 
-void frmFilterCronlog::showProgress() {
-    PaneProgressBar& bar = engine_.view.ProgressBar1;
-    MainView& v = engine_.view;
-    if (bar.visible == model_.progressVisible && bar.Max == model_.progressMaximum &&
-        bar.Value == model_.progressValue && v.busyPointer == model_.busyPointer)
-        return;
-    bar.visible = model_.progressVisible;
-    bar.Max = model_.progressMaximum;
-    bar.Value = model_.progressVisible ? model_.progressValue : 0;
-    v.busyPointer = model_.busyPointer;
-    v.changed();
-}
-
 void frmFilterCronlog::runFilter() {
     if (running_)
         return;
     running_ = true;
-    progressTimer_.start();
-    model_.cmdFilter_Click();
-    progressTimer_.stop();
-    showProgress();
+    model_.cmdFilter_Click(); // the bar of pane 5 follows through the window's state
     running_ = false;
     render();
     if (model_.closed)

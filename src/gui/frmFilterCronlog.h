@@ -6,7 +6,6 @@
 #include "logs/FilterCronlog.h"
 
 #include <QDialog>
-#include <QTimer>
 
 #include <array>
 
@@ -44,7 +43,6 @@ private:
     void render();
     void runFilter();
     /// Puts the model's progress into pane 5 of the main window.
-    void showProgress();
 
     Engine& engine_;
     FilterCronlogModel model_;
@@ -54,7 +52,6 @@ private:
     QPushButton* cmdDeselectAll_;
     QPushButton* cmdFilter_;
     QPushButton* cmdCancel_;
-    QTimer progressTimer_;
     bool running_ = false;
 };
 

@@ -131,10 +131,10 @@ TEST_F(CronlogLoad, FilterHidesUncheckedStatuses) {
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(filter.closed);
     EXPECT_EQ(visibleRows(), (std::vector<int>{1, 2, 3, 6}));
-    EXPECT_EQ(filter.progressMaximum, 16);
-    EXPECT_EQ(filter.progressValue, 16);
-    EXPECT_FALSE(filter.progressVisible);
     MainView& v = engine.view;
+    EXPECT_FALSE(v.ProgressBar1.visible);
+    EXPECT_EQ(v.ProgressBar1.Max, 16); // two passes over eight rows
+    EXPECT_FALSE(v.busyPointer);
     EXPECT_EQ(v.pane(1).icon, QStringLiteral("imgFilter"));
     EXPECT_EQ(pane(1), QStringLiteral("4/8"));
     EXPECT_EQ(v.pane(1).toolTip, QStringLiteral(" visible rows / total rows "));

@@ -66,7 +66,7 @@ TEST_F(EventProperties, MissingStatusAndTypeBecomeLinks) {
     EXPECT_TRUE(form.lbStatus.isLink);
     EXPECT_EQ(form.lbStatusDesc.text,
               "Sometimes a logfile entry does not contain all event informations (e.g. "
-              "third-party entries). A missing status information will be replaced by an ? - "
+              "third-party entries). A missing status information will be replaced by an \"?\" - "
               "icon.");
     EXPECT_TRUE(form.lbErrorDesc.isLink);
     EXPECT_EQ(form.lbErrorDesc.text, "icon not available");

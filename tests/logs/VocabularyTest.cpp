@@ -59,6 +59,6 @@ TEST(LogsVocabulary, TextsKeepTheirSpelling) {
         "a shutdown has occured. (Example: a disk drive is deactivated because of driver "
         "unloading)"));
     EXPECT_TRUE(StatusHelp[6].starts_with("You 'll see this error"));
-    EXPECT_TRUE(kMissingStatusHelp.ends_with("will be replaced by an ? - icon."));
+    EXPECT_TRUE(kMissingStatusHelp.ends_with("will be replaced by an \"?\" - icon."));
     EXPECT_EQ(ClassNames[16], "Limit almost Exceeded");
 }

@@ -3,6 +3,7 @@
 #include "core/Engine.h"
 #include "core/Text.h"
 #include "logs/Cronlog.h"
+#include "logs/ViewFilter.h"
 
 namespace twk {
 
@@ -35,8 +36,8 @@ int FilterCronlogModel::passCount() const {
 }
 
 void FilterCronlogModel::step() {
-    ++progressValue;
-    engine_.yieldIfDue();
+    if (progress_ != nullptr)
+        progress_->set(++done_);
 }
 
 void FilterCronlogModel::hideRowsWithIcon(int icon) {
@@ -78,10 +79,10 @@ void FilterCronlogModel::cmdFilter_Click() {
         }
         Grid& grid = engine_.Grid1;
         MainView& v = engine_.view;
-        progressMaximum = static_cast<std::int64_t>(grid.Rows()) * passes;
-        progressValue = 0;
-        progressVisible = true;
-        busyPointer = true;
+        PaneProgress progress(engine_, static_cast<long long>(grid.Rows()) * passes);
+        progress_ = &progress;
+        done_ = 0;
+        v.busyPointer = true;
         grid.setRedraw(false);
         v.changed();
 
@@ -98,7 +99,8 @@ void FilterCronlogModel::cmdFilter_Click() {
         if (txtbAction != kPrompt)
             hideRowsWithoutText(txtbAction);
 
-        progressVisible = false;
+        progress_ = nullptr;
+        progress.finish();
         v.pane(EntryPos).icon = QStringLiteral("imgFilter");
         int firstVisible = 0;
         for (int row = 1; row <= grid.Rows() && firstVisible == 0; ++row)
@@ -113,7 +115,7 @@ void FilterCronlogModel::cmdFilter_Click() {
         v.setViewBullets(false);
         closed = true;
         grid.setRedraw(true);
-        busyPointer = false;
+        v.busyPointer = false;
         v.changed();
     });
 }

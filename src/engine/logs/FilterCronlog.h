@@ -9,6 +9,8 @@
 
 namespace twk {
 
+class PaneProgress;
+
 class Engine;
 
 struct FilterCheckBox {
@@ -30,11 +32,6 @@ public:
     FilterCheckBox chkCronStopped{QStringLiteral("cron service stopped")};
     QString txtbAction = kPrompt;
 
-    /// The progress bar in status pane 5 while the passes run.
-    bool progressVisible = false;
-    std::int64_t progressMaximum = 0;
-    std::int64_t progressValue = 0;
-    bool busyPointer = false;
     /// The dialog has closed (after a filter run or cancel).
     bool closed = false;
 
@@ -57,6 +54,8 @@ private:
     void step();
 
     Engine& engine_;
+    PaneProgress* progress_ = nullptr; // the bar of pane 5 while the passes run
+    long long done_ = 0;
 };
 
 } // namespace twk

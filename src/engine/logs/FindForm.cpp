@@ -2,6 +2,7 @@
 
 #include "core/Engine.h"
 #include "core/Text.h"
+#include "logs/GridViews.h"
 #include "logs/ViewFilter.h"
 
 #include <algorithm>
@@ -120,10 +121,9 @@ void FrmFind::Form_Unload() {
     state_ = State::Idle;
     if (hooks.closeEventProperties)
         hooks.closeEventProperties();
-    if (engine_.view.CurrentView == views::kSysLogErr) {
-        engine_.Grid1.setSelectedRow(1);
-        engine_.view.changed();
-    }
+    // Row 1 is selected as a click would select it, so the panes follow.
+    if (engine_.view.CurrentView == views::kSysLogErr && engine_.Grid1.Rows() > 0)
+        Grid1_SelectionChanged(engine_, 1);
 }
 
 bool FrmFind::gridChanged() const {

@@ -24,7 +24,7 @@ const std::array<std::string_view, kStatusCount> StatusHelp = {
 
 const std::string_view kMissingStatusHelp =
     "Sometimes a logfile entry does not contain all event informations (e.g. third-party "
-    "entries). A missing status information will be replaced by an ? - icon.";
+    "entries). A missing status information will be replaced by an \"?\" - icon.";
 
 const std::array<std::string_view, kLocusCount> LocusNames = {
     "Unknown", "Memory",  "File System", "Disk",   "Network Cards",     "Protocols", "Unused",
