@@ -159,7 +159,26 @@ void GridView::refresh() {
         model_->headersChanged();
     }
     selectStoreRow(engine_.Grid1.SelectedRow());
+    if (engine_.analysis.gridFocus.serial != focusSerial_)
+        applyFocus();
     viewport()->update();
+}
+
+void GridView::applyFocus() {
+    const GridFocus& focus = engine_.analysis.gridFocus;
+    focusSerial_ = focus.serial;
+    const int first = model_->modelRow(focus.firstRow);
+    const int last = model_->modelRow(focus.lastRow);
+    const int top = model_->modelRow(focus.topRow);
+    if (first < 0 || last < first)
+        return;
+    Syncing guard(syncing_);
+    const QItemSelection rows(model_->index(first, 0),
+                              model_->index(last, model_->columnCount() - 1));
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(model_->index(first, 0), QItemSelectionModel::NoUpdate);
+    if (top >= 0)
+        scrollTo(model_->index(top, 0), QAbstractItemView::PositionAtTop);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {

@@ -39,6 +39,8 @@ private:
     void onGridRedraw();
     void applyColumnWidths();
     void selectStoreRow(int row);
+    /// Selects the rows the engine asked for (an abend's report) with its top row first.
+    void applyFocus();
     void onCurrentChanged(const QModelIndex& current);
 
     Engine& engine_;
@@ -46,6 +48,7 @@ private:
     GridModel* model_;
     bool syncing_ = false;
     bool resetPending_ = false;
+    unsigned focusSerial_ = 0;
 };
 
 } // namespace twk::gui

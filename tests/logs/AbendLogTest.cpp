@@ -1,6 +1,7 @@
 #include "logs/AbendLog.h"
 
 #include "LineLogText.h"
+#include "core/Mainfrm.h"
 #include "logs/MarkColors.h"
 
 using namespace twk;
@@ -84,6 +85,16 @@ TEST_F(AbendLogLoad, MenusAndListsWhileAnAbendLogIsShown) {
     // Another log frees them again.
     ASSERT_TRUE(load(views::kCronlog, crlfLines({"Cron service started."})));
     EXPECT_TRUE(engine.view.cbTree.enabled);
+    EXPECT_TRUE(engine.view.cbServer.enabled);
+    EXPECT_TRUE(engine.view.cbVolume.enabled);
+}
+
+TEST_F(AbendLogLoad, ClosingGivesTheListsBackAsTheyWere) {
+    engine.view.cbTree.enabled = false; // a single start context keeps the tree fixed
+    ASSERT_TRUE(loadAbends(twoReports()));
+    EXPECT_FALSE(engine.view.cbServer.enabled);
+    CloseFile(engine);
+    EXPECT_FALSE(engine.view.cbTree.enabled);
     EXPECT_TRUE(engine.view.cbServer.enabled);
     EXPECT_TRUE(engine.view.cbVolume.enabled);
 }

@@ -42,7 +42,7 @@ const std::pair<const char*, const char*> kMenuIcons[] = {
     {"mnuStatusIcons", "STATUS"},
 };
 
-const char* const kLogMenus[] = {"mnuFilter", "mnuFind", "mnuGoto",
+const char* const kLogMenus[] = {"mnuFilter", "mnuFind",   "mnuGoto",
                                  "mnuSave",   "mnuReload", "mnuCloseFile"};
 
 } // namespace
@@ -60,8 +60,9 @@ MainView::MainView() {
     panes_[4] = {QStringLiteral("Tips"), QString(), QStringLiteral("imgNoFlag"), QString()};
     panes_[5] = {QStringLiteral("SystemDate"), QDate::currentDate().toString(Qt::ISODate),
                  QStringLiteral("imgDate"), QString()};
-    panes_[6] = {QStringLiteral("SystemTime"), QTime::currentTime().toString(QStringLiteral("hh:mm")),
-                 QStringLiteral("imgTime"), QString()};
+    panes_[6] = {QStringLiteral("SystemTime"),
+                 QTime::currentTime().toString(QStringLiteral("hh:mm")), QStringLiteral("imgTime"),
+                 QString()};
     resetPanes();
     setMenusNothingOpen();
     cbTree.resetTo(QStringLiteral("tree"));
@@ -79,6 +80,22 @@ bool MainView::menuEnabled(const QString& name) const {
 bool MainView::menuVisible(const QString& name) const {
     const auto it = menus_.find(name);
     return it != menus_.end() && it->second.visible;
+}
+
+void MainView::holdCascade() {
+    if (!cascadeHeld_)
+        cascadeEnabled_ = {cbTree.enabled, cbServer.enabled, cbVolume.enabled};
+    cascadeHeld_ = true;
+    cbTree.enabled = cbServer.enabled = cbVolume.enabled = false;
+}
+
+void MainView::releaseCascade() {
+    if (!cascadeHeld_)
+        return;
+    cascadeHeld_ = false;
+    cbTree.enabled = cascadeEnabled_[0];
+    cbServer.enabled = cascadeEnabled_[1];
+    cbVolume.enabled = cascadeEnabled_[2];
 }
 
 void MainView::resetPanes() {

@@ -67,8 +67,15 @@ struct ListState {
 };
 
 /// Pane numbers (1-based, as the status bar counts them).
-enum Pane { EntryPos = 1, LastEntry = 2, FirstEntry = 3, FileSize = 4, Tips = 5, SystemDate = 6,
-            SystemTime = 7 };
+enum Pane {
+    EntryPos = 1,
+    LastEntry = 2,
+    FirstEntry = 3,
+    FileSize = 4,
+    Tips = 5,
+    SystemDate = 6,
+    SystemTime = 7
+};
 
 class MainView {
 public:
@@ -79,7 +86,9 @@ public:
     bool debugSuffix = false;
 
     StatusPane& pane(int number) { return panes_[static_cast<std::size_t>(number - 1)]; }
-    const StatusPane& pane(int number) const { return panes_[static_cast<std::size_t>(number - 1)]; }
+    const StatusPane& pane(int number) const {
+        return panes_[static_cast<std::size_t>(number - 1)];
+    }
     bool simpleMode = false;
     QString simpleText;
 
@@ -95,6 +104,10 @@ public:
     ListState cbVolume;
     ListState cbLogFile;
     ListState cbAbendLog;
+    /// Disables tree, server and volume list while a view must keep its server (an
+    /// ABEND.LOG), remembering how they were; releaseCascade() gives that back.
+    void holdCascade();
+    void releaseCascade();
     // Tool tips of the pictures beside the lists and of the close picture.
     QString picTreeToolTip;
     QString picServerToolTip;
@@ -133,6 +146,8 @@ public:
 
 private:
     std::array<StatusPane, 7> panes_;
+    bool cascadeHeld_ = false;
+    std::array<bool, 3> cascadeEnabled_{};
     std::map<QString, MenuState> menus_;
 };
 

@@ -230,6 +230,7 @@ void CloseFile(Engine& engine) {
         v.setViewBullets(true);
         v.cbAbendLog.visible = false;
         clearList(v.cbAbendLog);
+        v.releaseCascade();
         v.cbLogFile.visible = true;
         v.cbLogFile.enabled = true;
         v.cbLogFile.ListIndex = v.cbLogFile.items.isEmpty() ? -1 : 0;

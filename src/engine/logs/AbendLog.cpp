@@ -261,9 +261,7 @@ void FinishAbendLog(Engine& engine, bool fromServer, bool lastAbend) {
 
     v.menu(QStringLiteral("mnuFilter")).enabled = false;
     v.menu(QStringLiteral("mnuGoto")).enabled = false;
-    v.cbTree.enabled = false;
-    v.cbServer.enabled = false;
-    v.cbVolume.enabled = false;
+    v.holdCascade();
 
     v.pane(EntryPos).text = lastAbend || a.abendCount == 0
                                 ? positionText(a.abendCount, a.abendCount)

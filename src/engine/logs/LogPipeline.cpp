@@ -14,7 +14,8 @@ namespace twk {
 
 QString logKindOfFileName(const QString& fileName) {
     const QString name = QFileInfo(fileName).fileName();
-    for (const QString& kind : {views::kSysLogErr, views::kConsoleLog, views::kCronlog, views::kAbendLog})
+    for (const QString& kind :
+         {views::kSysLogErr, views::kConsoleLog, views::kCronlog, views::kAbendLog})
         if (name.compare(kind, Qt::CaseInsensitive) == 0)
             return kind;
     return {};
@@ -48,7 +49,9 @@ void ShowLogfileNotAccessible(Engine& engine, const QString& path) {
                          MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
 }
 
-bool canReadLogKind(const QString& kind) { return passesOf(kind).rows != nullptr; }
+bool canReadLogKind(const QString& kind) {
+    return passesOf(kind).rows != nullptr;
+}
 
 bool LoadLogFile(Engine& engine, const QString& kind, const QString& path) {
     if (!canReadLogKind(kind))
@@ -62,7 +65,7 @@ bool LoadLogFile(Engine& engine, const QString& kind, const QString& path) {
     }
     engine.yieldNow();
     // The cascade lists are held only while an ABEND.LOG is shown.
-    v.cbTree.enabled = v.cbServer.enabled = v.cbVolume.enabled = true;
+    v.releaseCascade();
     if (v.CurrentView != kind)
         CreateNewTable(engine, kind);
     Grid& grid = engine.Grid1;

@@ -264,7 +264,6 @@ SavedLoadResult LoadSavedLogfile(Engine& engine, const QString& path,
         }
 
         CloseFile(engine);
-        v.cbTree.enabled = v.cbServer.enabled = v.cbVolume.enabled = true;
         CreateNewTable(engine, kind);
         QString caption =
             QStringLiteral(" TWK     LOGFILE:   ") + QFileInfo(path).absoluteFilePath().toLower();
