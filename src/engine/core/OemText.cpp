@@ -104,11 +104,6 @@ std::string ConvertString(std::string_view raw) {
     return out;
 }
 
-bool isPlainAscii(std::string_view raw) {
-    for (const char ch : raw)
-        if (static_cast<unsigned char>(ch) >= 0x80)
-            return false;
-    return true;
-}
+bool isPlainAscii(std::string_view raw) { return firstSpecial(raw, false) == raw.size(); }
 
 } // namespace twk

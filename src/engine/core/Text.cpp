@@ -6,59 +6,12 @@
 
 namespace twk::text {
 
-std::string_view trimLeft(std::string_view s) {
-    std::size_t i = 0;
-    while (i < s.size() && s[i] == ' ')
-        ++i;
-    return s.substr(i);
-}
-
-std::string_view trimRight(std::string_view s) {
-    std::size_t n = s.size();
-    while (n > 0 && s[n - 1] == ' ')
-        --n;
-    return s.substr(0, n);
-}
-
-std::string_view trim(std::string_view s) { return trimRight(trimLeft(s)); }
-
-std::string_view mid(std::string_view s, std::int64_t start, std::int64_t length) {
-    if (start < 1)
-        start = 1;
-    if (length <= 0 || static_cast<std::uint64_t>(start) > s.size())
-        return {};
-    return s.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(length));
-}
-
-std::string_view mid(std::string_view s, std::int64_t start) {
-    if (start < 1)
-        start = 1;
-    if (static_cast<std::uint64_t>(start) > s.size())
-        return {};
-    return s.substr(static_cast<std::size_t>(start - 1));
-}
-
-std::string_view left(std::string_view s, std::int64_t length) {
-    if (length <= 0)
-        return {};
-    return s.substr(0, static_cast<std::size_t>(length));
-}
-
 std::string_view right(std::string_view s, std::int64_t length) {
     if (length <= 0)
         return {};
     if (static_cast<std::uint64_t>(length) >= s.size())
         return s;
     return s.substr(s.size() - static_cast<std::size_t>(length));
-}
-
-std::int64_t inStr(std::string_view s, std::string_view needle, std::int64_t start) {
-    if (start < 1)
-        start = 1;
-    if (static_cast<std::uint64_t>(start) > s.size() + 1)
-        return 0;
-    const auto found = s.find(needle, static_cast<std::size_t>(start - 1));
-    return found == std::string_view::npos ? 0 : static_cast<std::int64_t>(found) + 1;
 }
 
 namespace {
@@ -112,26 +65,6 @@ bool contains(std::string_view s, std::string_view needle) {
 
 bool containsCaseBlind(std::string_view s, std::string_view needle) {
     return inStrCaseBlind(s, needle, 1) > 0;
-}
-
-std::int64_t numericReading(std::string_view s) {
-    s = trimLeft(s);
-    bool negative = false;
-    std::size_t i = 0;
-    if (i < s.size() && (s[i] == '-' || s[i] == '+')) {
-        negative = s[i] == '-';
-        ++i;
-    }
-    std::int64_t value = 0;
-    bool any = false;
-    for (; i < s.size() && s[i] >= '0' && s[i] <= '9'; ++i) {
-        any = true;
-        if (value < (INT64_MAX - 9) / 10)
-            value = value * 10 + (s[i] - '0');
-    }
-    if (!any)
-        return 0;
-    return negative ? -value : value;
 }
 
 double numericReadingReal(std::string_view s) {

@@ -9,28 +9,81 @@
 
 namespace twk::text {
 
+// The small ones are inline: the log readers call them for every line.
+
 /// Removes leading and trailing blanks (code 32) only; tabs and line feeds stay.
-std::string_view trim(std::string_view s);
-std::string_view trimLeft(std::string_view s);
-std::string_view trimRight(std::string_view s);
+inline std::string_view trimLeft(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size() && s[i] == ' ')
+        ++i;
+    return s.substr(i);
+}
+inline std::string_view trimRight(std::string_view s) {
+    std::size_t n = s.size();
+    while (n > 0 && s[n - 1] == ' ')
+        --n;
+    return s.substr(0, n);
+}
+inline std::string_view trim(std::string_view s) { return trimRight(trimLeft(s)); }
 
 /// `length` characters (bytes) from the 1-based `start`; empty when start is past the end.
-std::string_view mid(std::string_view s, std::int64_t start, std::int64_t length);
+inline std::string_view mid(std::string_view s, std::int64_t start, std::int64_t length) {
+    if (start < 1)
+        start = 1;
+    if (length <= 0 || static_cast<std::uint64_t>(start) > s.size())
+        return {};
+    return s.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(length));
+}
 /// Everything from the 1-based `start`.
-std::string_view mid(std::string_view s, std::int64_t start);
-std::string_view left(std::string_view s, std::int64_t length);
+inline std::string_view mid(std::string_view s, std::int64_t start) {
+    if (start < 1)
+        start = 1;
+    if (static_cast<std::uint64_t>(start) > s.size())
+        return {};
+    return s.substr(static_cast<std::size_t>(start - 1));
+}
+inline std::string_view left(std::string_view s, std::int64_t length) {
+    if (length <= 0)
+        return {};
+    return s.substr(0, static_cast<std::size_t>(length));
+}
 std::string_view right(std::string_view s, std::int64_t length);
 
 /// 1-based place of `needle` in `s` searching from `start`, 0 when absent.
 /// An empty needle is found at `start` (when start lies within s or just behind it).
-std::int64_t inStr(std::string_view s, std::string_view needle, std::int64_t start = 1);
+inline std::int64_t inStr(std::string_view s, std::string_view needle, std::int64_t start = 1) {
+    if (start < 1)
+        start = 1;
+    if (static_cast<std::uint64_t>(start) > s.size() + 1)
+        return 0;
+    const auto found = s.find(needle, static_cast<std::size_t>(start - 1));
+    return found == std::string_view::npos ? 0 : static_cast<std::int64_t>(found) + 1;
+}
 /// The same, blind to the case of ASCII letters and of the Latin-1 letters.
 std::int64_t inStrCaseBlind(std::string_view s, std::string_view needle, std::int64_t start = 1);
 bool contains(std::string_view s, std::string_view needle);
 bool containsCaseBlind(std::string_view s, std::string_view needle);
 
 /// Leading number after blanks: optional sign, digits; 0 when there is none.
-std::int64_t numericReading(std::string_view s);
+inline std::int64_t numericReading(std::string_view s) {
+    s = trimLeft(s);
+    bool negative = false;
+    std::size_t i = 0;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) {
+        negative = s[i] == '-';
+        ++i;
+    }
+    std::int64_t value = 0;
+    bool any = false;
+    for (; i < s.size() && s[i] >= '0' && s[i] <= '9'; ++i) {
+        any = true;
+        if (value < (INT64_MAX - 9) / 10)
+            value = value * 10 + (s[i] - '0');
+    }
+    if (!any)
+        return 0;
+    return negative ? -value : value;
+}
 /// As numericReading, with a decimal fraction.
 double numericReadingReal(std::string_view s);
 

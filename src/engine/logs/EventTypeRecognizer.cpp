@@ -110,12 +110,32 @@ public:
         std::uint32_t found = 0;
         std::uint32_t row = 0;
         const std::uint16_t* table = table_.data();
-        for (const char ch : message) {
-            const std::uint32_t next = table[row + classOf_[static_cast<unsigned char>(ch)]];
+        const auto* p = reinterpret_cast<const unsigned char*>(message.data());
+        const auto* end = p + message.size();
+        const auto step = [&](unsigned char byte) {
+            const std::uint32_t next = table[row + classOf_[byte]];
             row = next & 0x7FFF;
-            if (next & 0x8000) [[unlikely]]
-                found |= outByRow_[row];
+            return next;
+        };
+        // Four bytes, then one test whether a phrase ended among them: phrase ends are
+        // rare, so the common case runs without a branch per byte.
+        while (end - p >= 4) {
+            const std::uint32_t n0 = step(p[0]);
+            const std::uint32_t r0 = row;
+            const std::uint32_t n1 = step(p[1]);
+            const std::uint32_t r1 = row;
+            const std::uint32_t n2 = step(p[2]);
+            const std::uint32_t r2 = row;
+            const std::uint32_t n3 = step(p[3]);
+            if (((n0 | n1 | n2 | n3) & 0x8000) != 0) [[unlikely]] {
+                found |= (n0 & 0x8000 ? outByRow_[r0] : 0) | (n1 & 0x8000 ? outByRow_[r1] : 0) |
+                         (n2 & 0x8000 ? outByRow_[r2] : 0) | (n3 & 0x8000 ? outByRow_[row] : 0);
+            }
+            p += 4;
         }
+        for (; p < end; ++p)
+            if (step(*p) & 0x8000)
+                found |= outByRow_[row];
         return found;
     }
 

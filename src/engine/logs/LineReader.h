@@ -7,12 +7,37 @@
 
 #include <cstdint>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace twk {
+
+/// Place of the first CR in [data, data + size), or size when there is none. Lines are
+/// short, so a 16-byte scan beats the call overhead of memchr here.
+inline std::size_t findCarriageReturn(const char* data, std::size_t size) {
+#if defined(__SSE2__)
+    const __m128i cr = _mm_set1_epi8('\r');
+    std::size_t i = 0;
+    for (; i + 16 <= size; i += 16) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i));
+        const int mask = _mm_movemask_epi8(_mm_cmpeq_epi8(block, cr));
+        if (mask != 0)
+            return i + static_cast<std::size_t>(__builtin_ctz(static_cast<unsigned>(mask)));
+    }
+    for (; i < size; ++i)
+        if (data[i] == '\r')
+            return i;
+    return size;
+#else
+    const void* found = std::memchr(data, '\r', size);
+    return found == nullptr ? size : static_cast<std::size_t>(static_cast<const char*>(found) - data);
+#endif
+}
 
 class LineReader {
 public:
@@ -34,9 +59,8 @@ public:
         // Fast path: a whole line with its end in the block.
         if (!skipLeadingLineFeed_ && begin_ < end_) {
             const char* data = buffer_.data();
-            const void* cr = std::memchr(data + begin_, '\r', end_ - begin_);
-            if (cr != nullptr) {
-                const auto at = static_cast<std::size_t>(static_cast<const char*>(cr) - data);
+            const std::size_t at = begin_ + findCarriageReturn(data + begin_, end_ - begin_);
+            if (at < end_) {
                 if (at + 1 < end_) {
                     line = std::string_view(data + begin_, at - begin_);
                     const std::size_t after = at + 1 + (data[at + 1] == '\n' ? 1 : 0);
