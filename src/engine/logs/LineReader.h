@@ -19,23 +19,24 @@ namespace twk {
 
 /// Place of the first CR in [data, data + size), or size when there is none. Lines are
 /// short, so a 16-byte scan beats the call overhead of memchr here.
+/// The 16 bytes behind `size` must be readable (the reader's block keeps that room).
 inline std::size_t findCarriageReturn(const char* data, std::size_t size) {
 #if defined(__SSE2__)
     const __m128i cr = _mm_set1_epi8('\r');
-    std::size_t i = 0;
-    for (; i + 16 <= size; i += 16) {
+    for (std::size_t i = 0; i < size; i += 16) {
         const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i));
         const int mask = _mm_movemask_epi8(_mm_cmpeq_epi8(block, cr));
-        if (mask != 0)
-            return i + static_cast<std::size_t>(__builtin_ctz(static_cast<unsigned>(mask)));
+        if (mask != 0) {
+            const std::size_t at =
+                i + static_cast<std::size_t>(__builtin_ctz(static_cast<unsigned>(mask)));
+            return at < size ? at : size;
+        }
     }
-    for (; i < size; ++i)
-        if (data[i] == '\r')
-            return i;
     return size;
 #else
     const void* found = std::memchr(data, '\r', size);
-    return found == nullptr ? size : static_cast<std::size_t>(static_cast<const char*>(found) - data);
+    return found == nullptr ? size
+                            : static_cast<std::size_t>(static_cast<const char*>(found) - data);
 #endif
 }
 
@@ -82,7 +83,7 @@ private:
     int fd_ = -1;
     std::uint64_t length_ = 0;
     std::uint64_t consumed_ = 0;
-    // A block that is never zero-filled: small files cost no large clearing.
+    // A block no larger than the file needs.
     struct Block {
         std::unique_ptr<char[]> bytes;
         std::size_t length = 0;
@@ -90,12 +91,15 @@ private:
         const char* data() const { return bytes.get(); }
         std::size_t size() const { return length; }
         char operator[](std::size_t i) const { return bytes[i]; }
+        // kSlack bytes behind the usable length, so that 16-byte scans may read on.
+        static constexpr std::size_t kSlack = 16;
+        // Zeroed, so that a scan past the data never reads undefined bytes.
         void allocate(std::size_t n) {
-            bytes = std::make_unique_for_overwrite<char[]>(n);
+            bytes = std::make_unique<char[]>(n + kSlack);
             length = n;
         }
         void grow() {
-            auto bigger = std::make_unique_for_overwrite<char[]>(length * 2);
+            auto bigger = std::make_unique<char[]>(length * 2 + kSlack);
             std::memcpy(bigger.get(), bytes.get(), length);
             bytes = std::move(bigger);
             length *= 2;

@@ -8,9 +8,10 @@
 #include "logs/PassProgress.h"
 #include "logs/Vocabulary.h"
 
+#include <array>
 #include <cctype>
-#include <cmath>
 #include <charconv>
+#include <cmath>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -125,7 +126,9 @@ std::int64_t firstEntry(const QString& path, std::string* date) {
 
 } // namespace
 
-std::int64_t fnFirstEntryRow(const QString& path) { return firstEntry(path, nullptr); }
+std::int64_t fnFirstEntryRow(const QString& path) {
+    return firstEntry(path, nullptr);
+}
 
 FirstEntryScan firstEntryOf(const QString& path) {
     FirstEntryScan result;
@@ -153,8 +156,7 @@ LanguageDecision detectLanguage(const QString& path) {
     return LanguageDecision::Unknown;
 }
 
-SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language,
-                                     ErrorCapture* errors)
+SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors)
     : reader_(reader), language_(language), errors_(errors) {}
 
 int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char* what) {
@@ -165,9 +167,11 @@ int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char*
     // once per reading, and the reading goes on.
     if (errors_ != nullptr && !reported_) {
         reported_ = true;
-        errors_->HandleError(
-            QStringLiteral("modSysLogErr.ShowSysLogErr(sPath)"), errnum::SubscriptOutOfRange,
-            QStringLiteral("Subscript out of range (%1 %2)").arg(QString::fromLatin1(what)).arg(index));
+        errors_->HandleError(QStringLiteral("modSysLogErr.ShowSysLogErr(sPath)"),
+                             errnum::SubscriptOutOfRange,
+                             QStringLiteral("Subscript out of range (%1 %2)")
+                                 .arg(QString::fromLatin1(what))
+                                 .arg(index));
     }
     return -1;
 }
@@ -181,13 +185,31 @@ void SysLogEntryReader::readCodeLine(std::string_view code, SysLogEntry& e) {
     const int locusOffset = german ? 20 : 8;
     const int classOffset = german ? 9 : 8;
 
+    // Each word ends in "=", so the first place of a word is found at the first "=" that
+    // the word stands before: one walk over the few "=" of the line finds all three.
+    const std::array<std::string_view, 3> words = {severityWord, locusWord, classWord};
+    std::array<std::int64_t, 3> place = {0, 0, 0}; // 1-based, 0 when absent
+    int missing = 3;
+    for (std::size_t at = code.find('='); at != std::string_view::npos && missing > 0;
+         at = code.find('=', at + 1)) {
+        for (std::size_t k = 0; k < words.size(); ++k) {
+            const std::size_t length = words[k].size();
+            if (place[k] == 0 && at + 1 >= length &&
+                code.compare(at + 1 - length, length, words[k]) == 0) {
+                place[k] = static_cast<std::int64_t>(at + 2 - length);
+                --missing;
+            }
+        }
+    }
+
     e.severity = e.locus = e.klass = -1;
-    if (const auto p = text::inStr(code, severityWord); p > 0)
-        e.severity = lookup(text::mid(code, p + severityOffset, 1), kStatusCount, "severity");
-    if (const auto p = text::inStr(code, locusWord); p > 0)
-        e.locus = lookup(text::mid(code, p + locusOffset, 2), kLocusCount, "locus");
-    if (const auto p = text::inStr(code, classWord); p > 0)
-        e.klass = lookup(text::mid(code, p + classOffset, 2), kClassCount, "class");
+    if (place[0] > 0)
+        e.severity =
+            lookup(text::mid(code, place[0] + severityOffset, 1), kStatusCount, "severity");
+    if (place[1] > 0)
+        e.locus = lookup(text::mid(code, place[1] + locusOffset, 2), kLocusCount, "locus");
+    if (place[2] > 0)
+        e.klass = lookup(text::mid(code, place[2] + classOffset, 2), kClassCount, "class");
 
     e.statusIcon = e.severity >= 0 ? e.severity : kImageUnknownStatus;
     e.state = e.severity >= 0 ? StatusNames[static_cast<std::size_t>(e.severity)] : kMissing;
@@ -279,8 +301,7 @@ bool SysLogEntryReader::read(SysLogEntry& e) {
 namespace {
 
 constexpr int kColIcon = 1, kColDate = 2, kColTime = 3, kColState = 4, kColSource = 5,
-              kColCategory = 6, kColEvent = 7, kColEventIcon = 8, kColErrorNr = 9,
-              kColMessage = 10;
+              kColCategory = 6, kColEvent = 7, kColEventIcon = 8, kColErrorNr = 9, kColMessage = 10;
 
 // Writes entries into grid rows, sharing equal texts of the small columns.
 class RowWriter {
@@ -306,7 +327,8 @@ public:
         text[kColCategory] = cached(categoryIds_, e.klass, e.category);
         char number[16];
         const auto end = std::to_chars(number, number + sizeof number, eventNumber).ptr;
-        text[kColEvent] = pool_.store(std::string_view(number, static_cast<std::size_t>(end - number)));
+        text[kColEvent] =
+            pool_.store(std::string_view(number, static_cast<std::size_t>(end - number)));
         icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
         text[kColErrorNr] = errorNumbers_.get(pool_, e.errorNr);
         text[kColMessage] = pool_.store(e.message);
@@ -481,7 +503,8 @@ std::string FormatDatum(std::string_view date) {
     if (p == 0)
         return std::string(trimmed);
     const std::string_view aPart = text::left(t, p - 1);
-    const std::string a = (aPart.size() == 1 ? std::string("0") : std::string()) + std::string(aPart);
+    const std::string a =
+        (aPart.size() == 1 ? std::string("0") : std::string()) + std::string(aPart);
     const std::string b(text::mid(t, p + 1, 2));
     const auto p2 = text::inStr(t, separator, p + 1);
     const std::string_view cPart = text::mid(t, p2 + 1, 4);
