@@ -2,11 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 using namespace twk;
 
 namespace {
-int en(const char* m) { return iEventType(m, LogLanguage::English); }
-int de(const char* m) { return iEventType(m, LogLanguage::German); }
+int en(const char* m) {
+    return iEventType(m, LogLanguage::English);
+}
+int de(const char* m) {
+    return iEventType(m, LogLanguage::German);
+}
 } // namespace
 
 TEST(LogsEventType, EnglishPhrasesAreFoundWithoutCase) {
@@ -56,4 +63,41 @@ TEST(LogsEventType, GermanContainsTestsFoldUmlauts) {
 TEST(LogsEventType, GermanHasNoPatternsForSomeTypes) {
     EXPECT_EQ(de("registered as an NCP"), 24);
     EXPECT_EQ(de("Synthetic time on partition"), 24);
+}
+
+TEST(LogsEventType, ManyMessagesAtOnceGiveTheTypesOfOneByOne) {
+    // Messages of very different lengths, so that the scans of several messages end at
+    // different places and hand over to the next message in the middle of others.
+    const std::vector<std::string> english = {
+        "Established communication with server FS2.",
+        "",
+        "x",
+        "Volume SYS was mounted. " + std::string(300, 'v') + " audit",
+        "TIME SYNCHRONIZATION HAS BEEN ESTABLISHED.",
+        "Router configuration error",
+        "Service 1234 deregistered as an NCP service address",
+        "Unable to communicate with server FS2. Time Synchronization has been lost",
+        std::string(70, 'a') + "udit",
+        "Bindery close after Synthetic time on partition"};
+    std::vector<std::string> messages;
+    for (int round = 0; round < 23; ++round) // more than one chunk, not a multiple of four
+        for (std::size_t i = 0; i < english.size(); ++i)
+            messages.push_back(english[(i * 7 + static_cast<std::size_t>(round)) % english.size()]);
+    for (const LogLanguage language : {LogLanguage::English, LogLanguage::German}) {
+        std::vector<std::string_view> views(messages.begin(), messages.end());
+        views.push_back("Gerät 0x3 wurde deaktiviert");
+        std::vector<int> types(views.size(), -1);
+        iEventTypes(views.data(), types.data(), views.size(), language);
+        for (std::size_t i = 0; i < views.size(); ++i)
+            EXPECT_EQ(types[i], iEventType(views[i], language)) << views[i];
+    }
+    for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{3}}) {
+        std::vector<std::string_view> views(messages.begin(),
+                                            messages.begin() + static_cast<long>(count));
+        std::vector<int> types(count + 1, -1);
+        iEventTypes(views.data(), types.data(), count, LogLanguage::English);
+        EXPECT_EQ(types[count], -1) << "wrote past the end";
+        for (std::size_t i = 0; i < count; ++i)
+            EXPECT_EQ(types[i], iEventType(views[i], LogLanguage::English));
+    }
 }

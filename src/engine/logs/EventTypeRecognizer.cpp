@@ -107,11 +107,15 @@ public:
             outByRow_[s * stride_] = out[s];
     }
     std::uint32_t scan(std::string_view message) const {
-        std::uint32_t found = 0;
-        std::uint32_t row = 0;
-        const std::uint16_t* table = table_.data();
         const auto* p = reinterpret_cast<const unsigned char*>(message.data());
-        const auto* end = p + message.size();
+        return continueScan(p, p + message.size(), 0);
+    }
+
+    // Scans [p, end) from the state `row`.
+    std::uint32_t continueScan(const unsigned char* p, const unsigned char* end,
+                               std::uint32_t row) const {
+        std::uint32_t found = 0;
+        const std::uint16_t* table = table_.data();
         const auto step = [&](unsigned char byte) {
             const std::uint32_t next = table[row + classOf_[byte]];
             row = next & 0x7FFF;
@@ -137,6 +141,88 @@ public:
             if (step(*p) & 0x8000)
                 found |= outByRow_[row];
         return found;
+    }
+
+    // Scans several messages at once, four at a time in lock step: the steps of one
+    // message wait on each other, those of different messages do not.
+    void scanMany(const std::string_view* messages, std::uint32_t* found, std::size_t count) const {
+        constexpr std::size_t kLanes = 4;
+        struct Lane {
+            const unsigned char* p;
+            const unsigned char* end;
+            std::uint32_t row;
+            std::uint32_t found;
+            std::size_t message;
+        };
+        std::array<Lane, kLanes> lanes{};
+        std::size_t nextMessage = 0;
+        // Gives a lane the next message; false when there is none left.
+        const auto load = [&](Lane& lane) {
+            if (nextMessage == count)
+                return false;
+            const std::string_view m = messages[nextMessage];
+            lane = {reinterpret_cast<const unsigned char*>(m.data()),
+                    reinterpret_cast<const unsigned char*>(m.data()) + m.size(), 0, 0, nextMessage};
+            ++nextMessage;
+            return true;
+        };
+        std::size_t active = 0;
+        while (active < kLanes && load(lanes[active]))
+            ++active;
+        const std::uint16_t* table = table_.data();
+        while (active == kLanes) {
+            std::size_t steps = static_cast<std::size_t>(lanes[0].end - lanes[0].p);
+            for (std::size_t k = 1; k < kLanes; ++k)
+                steps = std::min(steps, static_cast<std::size_t>(lanes[k].end - lanes[k].p));
+            // The lanes' states in locals, so that they stay in registers.
+            const unsigned char* p0 = lanes[0].p;
+            const unsigned char* p1 = lanes[1].p;
+            const unsigned char* p2 = lanes[2].p;
+            const unsigned char* p3 = lanes[3].p;
+            std::uint32_t r0 = lanes[0].row, r1 = lanes[1].row, r2 = lanes[2].row,
+                          r3 = lanes[3].row;
+            for (std::size_t j = 0; j < steps; ++j) {
+                const std::uint32_t n0 = table[r0 + classOf_[p0[j]]];
+                const std::uint32_t n1 = table[r1 + classOf_[p1[j]]];
+                const std::uint32_t n2 = table[r2 + classOf_[p2[j]]];
+                const std::uint32_t n3 = table[r3 + classOf_[p3[j]]];
+                r0 = n0 & 0x7FFF;
+                r1 = n1 & 0x7FFF;
+                r2 = n2 & 0x7FFF;
+                r3 = n3 & 0x7FFF;
+                if (((n0 | n1 | n2 | n3) & 0x8000) != 0) [[unlikely]] {
+                    lanes[0].found |= n0 & 0x8000 ? outByRow_[r0] : 0;
+                    lanes[1].found |= n1 & 0x8000 ? outByRow_[r1] : 0;
+                    lanes[2].found |= n2 & 0x8000 ? outByRow_[r2] : 0;
+                    lanes[3].found |= n3 & 0x8000 ? outByRow_[r3] : 0;
+                }
+            }
+            lanes[0].p = p0 + steps;
+            lanes[1].p = p1 + steps;
+            lanes[2].p = p2 + steps;
+            lanes[3].p = p3 + steps;
+            lanes[0].row = r0;
+            lanes[1].row = r1;
+            lanes[2].row = r2;
+            lanes[3].row = r3;
+            for (std::size_t k = 0; k < active;) {
+                Lane& lane = lanes[k];
+                if (lane.p != lane.end) {
+                    ++k;
+                    continue;
+                }
+                found[lane.message] = lane.found;
+                if (!load(lane)) {
+                    lane = lanes[active - 1];
+                    --active;
+                }
+            }
+        }
+        // Fewer messages than lanes left: one after the other, each from where it stands.
+        for (std::size_t k = 0; k < active; ++k) {
+            const Lane& lane = lanes[k];
+            found[lane.message] = lane.found | continueScan(lane.p, lane.end, lane.row);
+        }
     }
 
 private:
@@ -165,7 +251,23 @@ public:
     }
 
     int recognize(std::string_view message) const {
-        const std::uint32_t found = scanner_.scan(message);
+        return recognize(message, scanner_.scan(message));
+    }
+
+    void recognizeMany(const std::string_view* messages, int* types, std::size_t count) const {
+        constexpr std::size_t kChunk = 64;
+        std::array<std::uint32_t, kChunk> found{};
+        for (std::size_t first = 0; first < count; first += kChunk) {
+            const std::size_t n = std::min(kChunk, count - first);
+            scanner_.scanMany(messages + first, found.data(), n);
+            for (std::size_t i = 0; i < n; ++i)
+                types[first + i] = recognize(messages[first + i], found[i]);
+        }
+    }
+
+private:
+    // The type of a message whose phrases are known.
+    int recognize(std::string_view message, std::uint32_t found) const {
         // Without a phrase only the tests of a bare prefix can hold.
         if (found == 0 &&
             (message.empty() || !prefixStarts_[static_cast<unsigned char>(message[0])]))
@@ -189,7 +291,6 @@ public:
         return kImageNoEventType;
     }
 
-private:
     PhraseScanner scanner_;
     std::vector<Test> tests_;
     std::array<bool, 256> prefixStarts_{}; // first bytes of the prefixes of phrase-less tests
@@ -273,6 +374,12 @@ const Recognizer& german() {
 int iEventType(std::string_view message, LogLanguage language) {
     return language == LogLanguage::German ? german().recognize(message)
                                            : english().recognize(message);
+}
+
+void iEventTypes(const std::string_view* messages, int* types, std::size_t count,
+                 LogLanguage language) {
+    const Recognizer& r = language == LogLanguage::German ? german() : english();
+    r.recognizeMany(messages, types, count);
 }
 
 } // namespace twk

@@ -42,7 +42,7 @@ inline std::size_t findCarriageReturn(const char* data, std::size_t size) {
 
 class LineReader {
 public:
-    explicit LineReader(const QString& path, std::size_t blockSize = std::size_t{1} << 20);
+    explicit LineReader(const QString& path, std::size_t blockSize = std::size_t{1} << 17);
     ~LineReader();
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;

@@ -56,8 +56,13 @@ public:
     SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors);
     /// Reads the next entry. False when the file ended before a line of it with text.
     bool read(SysLogEntry& entry);
+    /// Reads up to `count` entries into `entries` and returns how many were read: fewer
+    /// only when the file ended. Faster than one by one, the event types being found
+    /// for all messages together.
+    std::size_t readMany(SysLogEntry* entries, std::size_t count);
 
 private:
+    bool readEntry(SysLogEntry& entry); // all but the event type
     bool nextLine(std::string_view& line) { return reader_.next(line); }
     void readCodeLine(std::string_view code, SysLogEntry& entry);
     int lookup(std::string_view token, int tableSize, const char* what);
