@@ -3,6 +3,7 @@
 #include "core/Engine.h"
 #include "core/Mainfrm.h"
 #include "gui/LogfileDialogs.h"
+#include "gui/frmConsoleLogFiles.h"
 #include "gui/frmErrorCode.h"
 #include "gui/frmEventIcons.h"
 #include "gui/frmEventProperties.h"
@@ -47,10 +48,14 @@ LogDialogs::LogDialogs(Engine& engine, const ImageList& images, QWidget* mainWin
     engine.hooks.showGoto = [this](const GotoRequest& request) {
         onShowGoto(request);
     };
+    engine.hooks.showConsoleLogFiles = [this] {
+        frmConsoleLogFiles::showFor(engine_, main_);
+    };
 }
 
 LogDialogs::~LogDialogs() {
     engine_.hooks.showGoto = nullptr;
+    engine_.hooks.showConsoleLogFiles = nullptr;
     engine_.hooks.Grid1_DblClick = otherDblClick_;
     delete find_;
     delete properties_;

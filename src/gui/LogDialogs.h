@@ -28,7 +28,7 @@ class frmFind;
 class LogDialogs : public QObject {
     Q_OBJECT
 public:
-    /// Sets the engine's hooks Grid1_DblClick and showGoto.
+    /// Sets the engine's hooks Grid1_DblClick, showGoto and showConsoleLogFiles.
     LogDialogs(Engine& engine, const ImageList& images, QWidget* mainWindow);
     ~LogDialogs() override;
 

@@ -28,6 +28,9 @@ struct EngineHooks {
     std::function<void(const GotoRequest& request)> showGoto;
     /// Opens a remote console to a server.
     std::function<void(const QString& server)> remoteConsole;
+    /// Shows the console log history of the selected server (frmConsoleLogFiles) and
+    /// returns when it is closed.
+    std::function<void()> showConsoleLogFiles;
 };
 
 } // namespace twk

@@ -125,6 +125,16 @@ bool consoleLogReady(Engine& engine) {
     return true;
 }
 
+// The console log history of the server; true when it showed a file in the grid.
+bool showConsoleLogFiles(Engine& engine) {
+    if (!engine.hooks.showConsoleLogFiles) {
+        CommandNotAvailable(engine);
+        return false;
+    }
+    engine.hooks.showConsoleLogFiles();
+    return engine.view.CurrentView == views::kConsoleLog && !engine.view.openLogPath.isEmpty();
+}
+
 // Steps 3 to 9 of a choice of a log file of the server.
 void loadServerLog(Engine& engine, const QString& kind) {
     MainView& v = engine.view;
@@ -315,15 +325,15 @@ void cbLogFile_Click(Engine& engine) {
             resetForNewChoice(engine);
         v.changed();
 
-        if (item == kConfigTxt || item == views::kConsoleLog) {
-            if (treeReachable(engine)) {
-                if (item == views::kConsoleLog && !consoleLogReady(engine)) {
-                    // the failure is in error.txt; the list goes back below
-                } else {
-                    CommandNotAvailable(engine);
-                }
-            }
+        if (item == kConfigTxt) {
+            if (treeReachable(engine))
+                CommandNotAvailable(engine);
             v.cbLogFile.ListIndex = 0;
+        } else if (item == views::kConsoleLog) {
+            // A failure is in error.txt; a history closed without a choice leaves
+            // nothing open. Either way the list goes back below.
+            if (!treeReachable(engine) || !consoleLogReady(engine) || !showConsoleLogFiles(engine))
+                v.cbLogFile.ListIndex = 0;
         } else if (item == kBootMsg || item == kMessages) {
             CommandNotAvailable(engine);
             v.cbLogFile.ListIndex = 0;
