@@ -7,8 +7,7 @@
 //   bench_filter                         all
 //   bench_filter --benchmark_filter=Find only the Find walk
 
-#include "core/Engine.h"
-#include "demo/SysLogErrWriter.h"
+#include "BenchLogs.h"
 #include "logs/EventFilterForm.h"
 #include "logs/FindForm.h"
 #include "logs/LogPipeline.h"
@@ -44,33 +43,13 @@ twk::demo::SysLogErrOptions logOptions(std::int64_t events) {
 
 // The log, generated once; its name holds a fingerprint of what the writer makes today.
 QString cachedLog() {
-    const QByteArray fingerprint =
-        QCryptographicHash::hash(twk::demo::sysLogErrBytes(logOptions(300)),
-                                 QCryptographicHash::Sha1)
-            .toHex()
-            .left(10);
-    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
-    QDir().mkpath(folder);
-    const QString path =
-        folder + QStringLiteral("/SYSLOG-1M-events-%1.ERR").arg(QString::fromLatin1(fingerprint));
-    if (QFileInfo::exists(path))
-        return path;
-    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
-    const QString partial = path + QStringLiteral(".partial");
-    const auto written = twk::demo::writeSysLogErr(logOptions(kEvents), partial);
-    if (!written.ok || !QFile::rename(partial, path)) {
-        QFile::remove(partial);
-        return {};
-    }
-    return path;
+    return twk::bench::cachedSysLog(QStringLiteral("SYSLOG-1M-events-%1.ERR")
+                                        .arg(twk::bench::writerFingerprint(logOptions(300))),
+                                    logOptions(kEvents));
 }
 
 // One engine with the log loaded, shared by all benchmarks.
-struct LoadedLog {
-    QTemporaryDir dir;
-    twk::SilentUi ui;
-    twk::NoProgress progress;
-    twk::Engine engine{twk::AppPaths::under(dir.path()), ui, progress};
+struct LoadedLog : twk::bench::QuietEngine {
     bool ok = false;
 
     LoadedLog() {
@@ -160,7 +139,9 @@ void findWalkNoHit(benchmark::State& state) {
 }
 
 // The whole view written as a saved logfile, hidden rows included.
-QString savedPath() { return loaded().dir.path() + QStringLiteral("/bench.twk"); }
+QString savedPath() {
+    return loaded().dir.path() + QStringLiteral("/bench.twk");
+}
 
 void saveTwk(benchmark::State& state) {
     LoadedLog& log = loaded();
@@ -182,14 +163,13 @@ void saveTwk(benchmark::State& state) {
 // Opening the saved file into a second engine, as the open command does.
 void openTwk(benchmark::State& state) {
     LoadedLog& log = loaded();
-    if (!log.ok || (!QFileInfo::exists(savedPath()) && !twk::SaveLogfile(log.engine, savedPath()))) {
+    if (!log.ok ||
+        (!QFileInfo::exists(savedPath()) && !twk::SaveLogfile(log.engine, savedPath()))) {
         state.SkipWithError("no saved logfile to open");
         return;
     }
-    QTemporaryDir dir;
-    twk::SilentUi ui;
-    twk::NoProgress progress;
-    twk::Engine engine{twk::AppPaths::under(dir.path()), ui, progress};
+    twk::bench::QuietEngine quiet;
+    twk::Engine& engine = quiet.engine;
     for (auto _ : state)
         if (twk::LoadSavedLogfile(engine, savedPath()) != twk::SavedLoadResult::Loaded) {
             state.SkipWithError("the saved logfile did not open");

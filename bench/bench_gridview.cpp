@@ -6,8 +6,7 @@
 //   bench_gridview                     1,000,000 entries
 //   TWK_BENCH_GRID_ROWS=100000 bench_gridview   a smaller log
 
-#include "core/Engine.h"
-#include "demo/SysLogErrWriter.h"
+#include "BenchLogs.h"
 #include "gui/GridModel.h"
 #include "gui/GridView.h"
 #include "gui/ImageList.h"
@@ -37,29 +36,14 @@ int wantedRows() {
 }
 
 QString cachedLog(int entries) {
-    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
-    QDir().mkpath(folder);
-    const QString path = folder + QStringLiteral("/GRIDVIEW-%1.ERR").arg(entries);
-    if (QFileInfo::exists(path))
-        return path;
-    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
     twk::demo::SysLogErrOptions options;
     options.entryCount = entries;
     options.seed = 1999;
-    const QString partial = path + QStringLiteral(".partial");
-    if (!twk::demo::writeSysLogErr(options, partial).ok || !QFile::rename(partial, path)) {
-        QFile::remove(partial);
-        return {};
-    }
-    return path;
+    return twk::bench::cachedSysLog(QStringLiteral("GRIDVIEW-%1.ERR").arg(entries), options);
 }
 
 // One engine with the log loaded, shared by all benchmarks: the passes are not measured.
-struct LoadedLog {
-    QTemporaryDir dir;
-    twk::SilentUi ui;
-    twk::NoProgress progress;
-    twk::Engine engine{twk::AppPaths::under(dir.path()), ui, progress};
+struct LoadedLog : twk::bench::QuietEngine {
     twk::gui::ImageList images{
         QDir(QStringLiteral(TWK_SHARE_DIR)).filePath(QStringLiteral("icons"))};
     bool ok = false;

@@ -9,8 +9,7 @@
 // Counters: MB/s of the file, entries read, grid memory, and the peak resident memory
 // of one load in a child process, less the child's memory at the start, per byte of file.
 
-#include "core/Engine.h"
-#include "demo/SysLogErrWriter.h"
+#include "BenchLogs.h"
 #include "logs/LogPipeline.h"
 #include "logs/SysLogErr.h"
 
@@ -59,35 +58,14 @@ twk::demo::SysLogErrOptions logOptions(LogLanguage language, int megabytes) {
 QString cachedLog(LogLanguage language, int megabytes) {
     twk::demo::SysLogErrOptions sample = logOptions(language, 0);
     sample.entryCount = 300;
-    const QByteArray fingerprint =
-        QCryptographicHash::hash(twk::demo::sysLogErrBytes(sample), QCryptographicHash::Sha1)
-            .toHex()
-            .left(10);
-    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
-    QDir().mkpath(folder);
-    const QString path = folder + QStringLiteral("/SYSLOG-%1-%2MB-%3.ERR")
-                                      .arg(QString::fromLatin1(languageName(language)))
-                                      .arg(megabytes)
-                                      .arg(QString::fromLatin1(fingerprint));
-    if (QFileInfo::exists(path))
-        return path;
-    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
-    const QString partial = path + QStringLiteral(".partial");
-    const auto written = twk::demo::writeSysLogErr(logOptions(language, megabytes), partial);
-    if (!written.ok || !QFile::rename(partial, path)) {
-        QFile::remove(partial);
-        return {};
-    }
-    return path;
+    return twk::bench::cachedSysLog(QStringLiteral("SYSLOG-%1-%2MB-%3.ERR")
+                                        .arg(QString::fromLatin1(languageName(language)))
+                                        .arg(megabytes)
+                                        .arg(twk::bench::writerFingerprint(sample)),
+                                    logOptions(language, megabytes));
 }
 
-// An engine on a throw-away folder tree, showing nothing.
-struct QuietEngine {
-    QTemporaryDir dir;
-    twk::SilentUi ui;
-    twk::NoProgress progress;
-    twk::Engine engine{twk::AppPaths::under(dir.path()), ui, progress};
-};
+using twk::bench::QuietEngine;
 
 // Peak resident memory (bytes) of a child process that runs `work` and exits.
 long childPeakRss(const std::function<void()>& work) {

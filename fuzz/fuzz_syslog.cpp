@@ -1,58 +1,23 @@
 // Feeds arbitrary bytes to the SYS$LOG.ERR reader as a file: both passes into the grid,
 // the search for the first entry, the language probe and the date normalisation.
 
-#include "core/Engine.h"
+#include "FuzzLogFile.h"
 #include "logs/EventTypeRecognizer.h"
 #include "logs/LogPipeline.h"
 #include "logs/SysLogErr.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <fcntl.h>
-#include <memory>
 #include <string_view>
-#include <unistd.h>
+#include <vector>
 
 namespace {
 
-// One engine and one file path for the whole run, made before the first input so that
-// they do not count as leaks of an input.
-struct FuzzTarget {
-    QTemporaryDir dir;
-    QString path = dir.path() + QStringLiteral("/SYS$LOG.ERR");
-    QByteArray localPath = path.toLocal8Bit();
-    twk::SilentUi ui;
-    twk::NoProgress progress;
-    twk::Engine engine{twk::AppPaths::under(dir.path()), ui, progress};
-
-    bool write(const std::uint8_t* data, std::size_t size) const {
-        const int fd =
-            ::open(localPath.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        if (fd < 0)
-            return false;
-        std::size_t done = 0;
-        while (done < size) {
-            const ssize_t n = ::write(fd, data + done, size - done);
-            if (n <= 0)
-                break;
-            done += static_cast<std::size_t>(n);
-        }
-        ::close(fd);
-        return done == size;
-    }
-};
-
-std::unique_ptr<FuzzTarget> target;
+std::unique_ptr<twk::fuzz::FuzzLogFile> target;
 
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    target = std::make_unique<FuzzTarget>();
-    target->engine.paths.ensureFolders();
+    target = std::make_unique<twk::fuzz::FuzzLogFile>(QStringLiteral("SYS$LOG.ERR"));
     return 0;
 }
 
@@ -69,8 +34,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (void)twk::isEntryHeader(bytes.substr(0, bytes.find('\r')));
     (void)twk::iEventType(bytes, twk::LogLanguage::English);
     (void)twk::iEventType(bytes, twk::LogLanguage::German);
+    // Several messages at once: the input cut at its line feeds.
+    std::vector<std::string_view> messages;
+    for (std::size_t from = 0; from <= size && messages.size() < 64;) {
+        const std::size_t end = std::min(bytes.find('\n', from), size);
+        messages.push_back(bytes.substr(from, end - from));
+        from = end + 1;
+    }
+    std::vector<int> types(messages.size());
+    twk::iEventTypes(messages.data(), types.data(), messages.size(), twk::LogLanguage::German);
 
-    // Out-of-range code numbers are reported to error.txt; keep it from growing all run.
-    QFile::remove(target->engine.paths.inApp(QStringLiteral("error.txt")));
+    target->forgetErrors();
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include "core/AppPaths.h"
 #include "core/UiPort.h"
+#include "logs/ProgressPort.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -71,6 +72,25 @@ public:
 private:
     QTemporaryDir dir_;
     AppPaths paths_;
+};
+
+/// A progress port that records what it was told: captions of shown and flashed
+/// windows, every bar value, flash times and how often it was hidden.
+struct RecordingProgress : ProgressPort {
+    std::vector<QString> captions;
+    std::vector<int> bars;
+    std::vector<int> flashes;
+    int hidden = 0;
+    void showProgress(const QString& caption, int bar) override {
+        captions.push_back(caption);
+        bars.push_back(bar);
+    }
+    void setBar(int bar) override { bars.push_back(bar); }
+    void flashProgress(const QString& caption, int ms) override {
+        captions.push_back(caption);
+        flashes.push_back(ms);
+    }
+    void hideProgress() override { ++hidden; }
 };
 
 } // namespace twk::test

@@ -1,5 +1,6 @@
 // tarnwick-cli save: loads a file as show does and writes the view as a saved logfile.
 
+#include "cli/CliArgs.h"
 #include "cli/CliLoad.h"
 #include "cli/Commands.h"
 #include "logs/SaveLogfile.h"
@@ -30,36 +31,15 @@ QString serverOfPath(const QString& file) {
 } // namespace
 
 int runSave(const GlobalOptions&, const QStringList& args) {
-    QString kind;
-    QString server;
-    bool serverGiven = false;
-    QString out;
-    QString file;
-    for (int i = 0; i < args.size(); ++i) {
-        const QString& a = args[i];
-        if (a == QStringLiteral("--kind") || a == QStringLiteral("--out") ||
-            a == QStringLiteral("--server")) {
-            if (i + 1 >= args.size())
-                return usage("an option lacks its value");
-            const QString value = args[++i];
-            if (a == QStringLiteral("--kind")) {
-                kind = value;
-            } else if (a == QStringLiteral("--out")) {
-                out = value;
-            } else {
-                server = value;
-                serverGiven = true;
-            }
-        } else if (a.startsWith(QStringLiteral("--"))) {
-            return usage("unknown option");
-        } else if (file.isEmpty()) {
-            file = a;
-        } else {
-            return usage("more than one file given");
-        }
-    }
-    if (file.isEmpty())
-        return usage("no file given");
+    const OptionsAndFile parsed = parseOptionsAndFile(
+        args, {QStringLiteral("--kind"), QStringLiteral("--out"), QStringLiteral("--server")});
+    if (parsed.problem != nullptr)
+        return usage(parsed.problem);
+    const QString kind = parsed.values.value(QStringLiteral("--kind"));
+    const QString file = parsed.file;
+    const QString out = parsed.values.value(QStringLiteral("--out"));
+    const bool serverGiven = parsed.values.contains(QStringLiteral("--server"));
+    const QString server = parsed.values.value(QStringLiteral("--server"));
     if (out.isEmpty())
         return usage("save needs --out OUT.twk");
 

@@ -1,6 +1,7 @@
 // tarnwick-cli show: loads a log in both passes, or a saved logfile, as the window does,
 // and prints the grid.
 
+#include "cli/CliArgs.h"
 #include "cli/CliLoad.h"
 #include "cli/Commands.h"
 #include "logs/GridExport.h"
@@ -15,25 +16,13 @@ const char* const kShowUsage =
     "      a FILE ending in .twk is a saved logfile and shows the view it holds\n";
 
 int runShow(const GlobalOptions&, const QStringList& args) {
-    QString kind;
-    QString format = QStringLiteral("json");
-    QString file;
-    for (int i = 0; i < args.size(); ++i) {
-        const QString& a = args[i];
-        if (a == QStringLiteral("--kind") || a == QStringLiteral("--format")) {
-            if (i + 1 >= args.size())
-                return usage("an option lacks its value");
-            (a == QStringLiteral("--kind") ? kind : format) = args[++i];
-        } else if (a.startsWith(QStringLiteral("--"))) {
-            return usage("unknown option");
-        } else if (file.isEmpty()) {
-            file = a;
-        } else {
-            return usage("more than one file given");
-        }
-    }
-    if (file.isEmpty())
-        return usage("no file given");
+    const OptionsAndFile parsed =
+        parseOptionsAndFile(args, {QStringLiteral("--kind"), QStringLiteral("--format")});
+    if (parsed.problem != nullptr)
+        return usage(parsed.problem);
+    const QString kind = parsed.values.value(QStringLiteral("--kind"));
+    const QString file = parsed.file;
+    const QString format = parsed.values.value(QStringLiteral("--format"), QStringLiteral("json"));
     if (format != QStringLiteral("json") && format != QStringLiteral("csv"))
         return usage("the format is json or csv");
 

@@ -172,7 +172,8 @@ TEST(LogsGrid, ColumnsOfTheLogViews) {
     CreateNewTable(engine, views::kAbendLog);
     EXPECT_EQ(g.Cols(), 2);
     EXPECT_EQ(g.column(2).header, "ABEND.LOG");
-    EXPECT_EQ(engine.view.pane(EntryPos).toolTip, QStringLiteral(" selected abend / totals abends "));
+    EXPECT_EQ(engine.view.pane(EntryPos).toolTip,
+              QStringLiteral(" selected abend / totals abends "));
     CreateNewTable(engine, views::kCronlog);
     EXPECT_EQ(g.column(1).header, "  status");
     EXPECT_EQ(engine.view.pane(LastEntry).toolTip, QStringLiteral(" first entry "));

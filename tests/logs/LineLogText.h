@@ -80,21 +80,6 @@ inline QByteArray cronSample() {
     });
 }
 
-/// A recording progress port.
-struct RecordingProgress : ProgressPort {
-    std::vector<QString> captions;
-    std::vector<int> flashes;
-    int hidden = 0;
-    int bars = 0;
-    void showProgress(const QString& caption, int) override { captions.push_back(caption); }
-    void setBar(int) override { ++bars; }
-    void flashProgress(const QString& caption, int ms) override {
-        captions.push_back(caption);
-        flashes.push_back(ms);
-    }
-    void hideProgress() override { ++hidden; }
-};
-
 /// An engine on a throw-away folder tree, with helpers to load a file of a kind.
 class LineLogFixture : public ::testing::Test {
 protected:

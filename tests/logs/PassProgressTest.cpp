@@ -1,35 +1,17 @@
 #include "logs/PassProgress.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
 
 using namespace twk;
-
-namespace {
-
-struct RecordingProgress : ProgressPort {
-    std::vector<int> bars;
-    std::vector<QString> shown;
-    std::vector<int> flashes;
-    int hidden = 0;
-    void showProgress(const QString& caption, int bar) override {
-        shown.push_back(caption);
-        bars.push_back(bar);
-    }
-    void setBar(int bar) override { bars.push_back(bar); }
-    void flashProgress(const QString& caption, int ms) override {
-        shown.push_back(caption);
-        flashes.push_back(ms);
-    }
-    void hideProgress() override { ++hidden; }
-};
-
-} // namespace
+using twk::test::RecordingProgress;
 
 TEST(LogsPassProgress, PercentCountsWholeUnitsOf128Bytes) {
     EXPECT_EQ(Pass1Progress::percentAt(127, 1000), 0);
-    EXPECT_EQ(Pass1Progress::percentAt(128, 1000), 13);   // 12.8 rounds up
+    EXPECT_EQ(Pass1Progress::percentAt(128, 1000), 13);  // 12.8 rounds up
     EXPECT_EQ(Pass1Progress::percentAt(1000, 1000), 90); // 896 -> 89.6 -> 90
     EXPECT_EQ(Pass1Progress::percentAt(999, 1000), 90);
     EXPECT_EQ(Pass1Progress::percentAt(10, 0), 0);
@@ -39,8 +21,8 @@ TEST(LogsPassProgress, Pass1BarFollowsEveryPercentAndNeverShrinks) {
     RecordingProgress port;
     const std::uint64_t length = 100000;
     Pass1Progress p(port, length);
-    ASSERT_EQ(port.shown.size(), 1u);
-    EXPECT_EQ(port.shown[0], QStringLiteral("   Pass 1/2"));
+    ASSERT_EQ(port.captions.size(), 1u);
+    EXPECT_EQ(port.captions[0], QStringLiteral("   Pass 1/2"));
     EXPECT_EQ(port.bars.front(), 15);
     int expected = 15;
     std::vector<int> expectedBars{15};

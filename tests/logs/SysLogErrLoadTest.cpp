@@ -15,31 +15,19 @@ using twk::test::lines;
 
 namespace {
 
-struct RecordingProgress : ProgressPort {
-    std::vector<QString> captions;
-    std::vector<int> flashes;
-    int hidden = 0;
-    int bars = 0;
-    void showProgress(const QString& caption, int) override { captions.push_back(caption); }
-    void setBar(int) override { ++bars; }
-    void flashProgress(const QString& caption, int ms) override {
-        captions.push_back(caption);
-        flashes.push_back(ms);
-    }
-    void hideProgress() override { ++hidden; }
-};
-
 class SysLogLoad : public ::testing::Test {
 protected:
     test::TempTree tree;
     test::FakeUi ui;
-    RecordingProgress progress;
+    test::RecordingProgress progress;
     Engine engine{tree.paths(), ui, progress};
 
     QString write(const QByteArray& bytes) { return tree.write("SYS$LOG.ERR", bytes); }
     bool load(const QString& path) { return LoadLogFile(engine, views::kSysLogErr, path); }
     QString pane(int n) const { return engine.view.pane(n).text; }
-    std::string cell(int row, int col) const { return std::string(engine.Grid1.CellText(row, col)); }
+    std::string cell(int row, int col) const {
+        return std::string(engine.Grid1.CellText(row, col));
+    }
 };
 
 QByteArray entries(int count, int firstSecond = 0) {
@@ -52,8 +40,7 @@ QByteArray entries(int count, int firstSecond = 0) {
                                       .arg(s % 60, 2, 10, QLatin1Char('0'))
                                       .arg(s)
                                       .toLatin1();
-        out += englishEntry(header.constData(), "Severity = 1  Locus = 2  Class = 3",
-                            {"message"});
+        out += englishEntry(header.constData(), "Severity = 1  Locus = 2  Class = 3", {"message"});
     }
     return out;
 }
@@ -63,9 +50,10 @@ QByteArray entries(int count, int firstSecond = 0) {
 TEST_F(SysLogLoad, NewestEntryIsRowOneAndPanesTellTheFile) {
     const QByteArray bytes =
         lines({"SYS$LOG.ERR  server FS1", "**********", ""}) +
-        englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0", "Severity = 0  Locus = 3  Class = 5",
-                     {"Volume SYS was mounted."}) +
-        englishEntry("1-16-2003  12:01:00 am:    DS-8.99-12", "Severity = 1  Locus = 17  Class = 19",
+        englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0",
+                     "Severity = 0  Locus = 3  Class = 5", {"Volume SYS was mounted."}) +
+        englishEntry("1-16-2003  12:01:00 am:    DS-8.99-12",
+                     "Severity = 1  Locus = 17  Class = 19",
                      {"Remote console connection granted for 10.0.0.5"});
     ASSERT_TRUE(load(write(bytes)));
     const Grid& g = engine.Grid1;
@@ -87,7 +75,8 @@ TEST_F(SysLogLoad, NewestEntryIsRowOneAndPanesTellTheFile) {
     EXPECT_EQ(engine.view.pane(5).icon, QStringLiteral("imgUSAFlag"));
     EXPECT_EQ(engine.view.CurrentView, views::kSysLogErr);
 
-    for (const char* m : {"mnuFilter", "mnuFind", "mnuGoto", "mnuSave", "mnuReload", "mnuCloseFile"})
+    for (const char* m :
+         {"mnuFilter", "mnuFind", "mnuGoto", "mnuSave", "mnuReload", "mnuCloseFile"})
         EXPECT_TRUE(engine.view.menuEnabled(QString::fromLatin1(m))) << m;
     EXPECT_FALSE(engine.view.menuEnabled(QStringLiteral("mnuViewAll")));
     EXPECT_FALSE(engine.view.menuEnabled(QStringLiteral("mnuViewFilter")));
@@ -97,8 +86,8 @@ TEST_F(SysLogLoad, NewestEntryIsRowOneAndPanesTellTheFile) {
     EXPECT_FALSE(engine.view.menuVisible(QStringLiteral("mnuAnalyzer")));
     EXPECT_EQ(engine.view.menu(QStringLiteral("mnuViewAll")).icon, QStringLiteral("POINT"));
     EXPECT_EQ(engine.view.menu(QStringLiteral("mnuViewFilter")).icon, QStringLiteral("NOPOINT"));
-    EXPECT_EQ(progress.captions, (std::vector<QString>{QStringLiteral("   Pass 1/2"),
-                                                       QStringLiteral("   Pass 2/2")}));
+    EXPECT_EQ(progress.captions,
+              (std::vector<QString>{QStringLiteral("   Pass 1/2"), QStringLiteral("   Pass 2/2")}));
     EXPECT_EQ(progress.flashes, std::vector<int>{1024});
     EXPECT_TRUE(ui.messages.empty());
 }
@@ -122,8 +111,8 @@ TEST_F(SysLogLoad, MissingFileIsReportedAndNothingLoads) {
     const QString path = tree.path("nowhere/SYS$LOG.ERR");
     EXPECT_FALSE(load(path));
     ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text,
-              QStringLiteral("Access to logfile...\r") + path + QStringLiteral("    \rimpossible!"));
+    EXPECT_EQ(ui.messages[0].text, QStringLiteral("Access to logfile...\r") + path +
+                                       QStringLiteral("    \rimpossible!"));
     EXPECT_EQ(ui.messages[0].title, QStringLiteral(" Tarnwick"));
     EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation);
     EXPECT_EQ(engine.view.cbLogFile.ListIndex, 0);
@@ -149,7 +138,8 @@ TEST_F(SysLogLoad, DoubleEmptyLinesRunTheFinalPass) {
 
 TEST_F(SysLogLoad, LastEntryWithoutClosingLineIsNotShown) {
     QByteArray bytes = entries(3);
-    bytes += "2-9-2004  11:00:00 am:    LAST\r\nSeverity = 0  Locus = 0  Class = 0\r\nlast words\r\n";
+    bytes +=
+        "2-9-2004  11:00:00 am:    LAST\r\nSeverity = 0  Locus = 0  Class = 0\r\nlast words\r\n";
     ASSERT_TRUE(load(write(bytes)));
     ASSERT_EQ(engine.Grid1.Rows(), 3);
     EXPECT_EQ(cell(1, 7), "3");
@@ -159,7 +149,7 @@ TEST_F(SysLogLoad, SixHundredEntriesFlashAndMoreRunTheBar) {
     ASSERT_TRUE(load(write(entries(600))));
     EXPECT_EQ(progress.flashes, std::vector<int>{1024});
     EXPECT_EQ(progress.hidden, 0);
-    progress = RecordingProgress();
+    progress = test::RecordingProgress();
     ASSERT_TRUE(load(write(entries(601))));
     EXPECT_TRUE(progress.flashes.empty());
     EXPECT_EQ(progress.hidden, 1);
@@ -168,11 +158,13 @@ TEST_F(SysLogLoad, SixHundredEntriesFlashAndMoreRunTheBar) {
 }
 
 TEST_F(SysLogLoad, GermanAndUnknownLanguagesSetTheFlag) {
-    ASSERT_TRUE(load(write(lines({"15.01.2003  14:30:45 :    SRV", "Schweregrad = 3  Geometrischer Ort = 1  Klasse = 1",
-                                  "Speicher knapp", ""}))));
+    ASSERT_TRUE(load(write(
+        lines({"15.01.2003  14:30:45 :    SRV",
+               "Schweregrad = 3  Geometrischer Ort = 1  Klasse = 1", "Speicher knapp", ""}))));
     EXPECT_EQ(engine.view.pane(5).icon, QStringLiteral("imgDeFlag"));
     EXPECT_EQ(cell(1, 4), "Critical");
-    ASSERT_TRUE(load(write(lines({"1-15-2003  10:00:00 am:    X", "no code words here", "text", ""}))));
+    ASSERT_TRUE(
+        load(write(lines({"1-15-2003  10:00:00 am:    X", "no code words here", "text", ""}))));
     EXPECT_EQ(engine.view.pane(5).icon, QStringLiteral("imgUnknownFlag"));
     EXPECT_EQ(cell(1, 4), "???"); // read as English: no "Severity =" token
 }

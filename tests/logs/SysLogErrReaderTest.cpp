@@ -29,9 +29,10 @@ std::vector<SysLogEntry> readEntries(const QByteArray& bytes, LogLanguage langua
 
 TEST(LogsSysLogFirstEntry, HeaderBannersAreSkipped) {
     test::TempTree tree;
-    const QString path = tree.write(
-        "log", lines({"SYS$LOG.ERR for server FS1", "*****************", "", "Note: 1-2-3 x",
-                      "1-15-2003   2:30:45 pm:    SERVER-5.60-0", "Severity = 0  Locus = 3  Class = 5"}));
+    const QString path =
+        tree.write("log", lines({"SYS$LOG.ERR for server FS1", "*****************", "",
+                                 "Note: 1-2-3 x", "1-15-2003   2:30:45 pm:    SERVER-5.60-0",
+                                 "Severity = 0  Locus = 3  Class = 5"}));
     EXPECT_EQ(fnFirstEntryRow(path), 5);
     EXPECT_EQ(fnFirstEntryDate(path), "1-15-2003");
 }
@@ -46,7 +47,7 @@ TEST(LogsSysLogFirstEntry, DateTokensOfAllThreeShapes) {
     EXPECT_TRUE(isEntryHeader("1-15/20/3 x"));
     EXPECT_FALSE(isEntryHeader("1/15-2003 x"));
     EXPECT_FALSE(isEntryHeader("1-15-20-03 x"));
-    EXPECT_FALSE(isEntryHeader("1-15-03 "));      // trimmed it has no blank
+    EXPECT_FALSE(isEntryHeader("1-15-03 "));       // trimmed it has no blank
     EXPECT_FALSE(isEntryHeader("123456789012 x")); // no separator
     EXPECT_FALSE(isEntryHeader("1-1-1 x"));        // token shorter than 7
     EXPECT_FALSE(isEntryHeader("1a-15-2003 x"));
@@ -64,19 +65,19 @@ TEST(LogsSysLogFirstEntry, AFileWithoutEntriesGivesMinusOne) {
 TEST(LogsSysLogLanguage, FirstCodeLineDecides) {
     test::TempTree tree;
     EXPECT_EQ(detectLanguage(tree.write("a", lines({"SYS$LOG.ERR Severity = 1", "x = y",
-                                                   "Schweregrad = 0", "Severity = 0"}))),
+                                                    "Schweregrad = 0", "Severity = 0"}))),
               LanguageDecision::German);
-    EXPECT_EQ(detectLanguage(tree.write("b", lines({"Severity only without equals",
-                                                   "Severity = 2"}))),
-              LanguageDecision::English);
+    EXPECT_EQ(
+        detectLanguage(tree.write("b", lines({"Severity only without equals", "Severity = 2"}))),
+        LanguageDecision::English);
     EXPECT_EQ(detectLanguage(tree.write("c", lines({"severity = 2"}))), LanguageDecision::Unknown);
 }
 
 TEST(LogsSysLogEntry, EnglishEntryBecomesItsCells) {
-    const auto e = readEntries(englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0  [nmID=1000A]",
-                                            "Severity = 4  Locus = 13  Class = 21",
-                                            {"UPS battery low."}),
-                               LogLanguage::English);
+    const auto e =
+        readEntries(englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0  [nmID=1000A]",
+                                 "Severity = 4  Locus = 13  Class = 21", {"UPS battery low."}),
+                    LogLanguage::English);
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].date, "1-15-2003");
     EXPECT_EQ(e[0].time, "02:30:45 pm");
@@ -90,11 +91,11 @@ TEST(LogsSysLogEntry, EnglishEntryBecomesItsCells) {
 }
 
 TEST(LogsSysLogEntry, AmAndPmAreTestedOnTheWholeHeader) {
-    const auto e = readEntries(
-        englishEntry("1-15-2003  10:00:01 am:    CAMPUS-PM-7", "Severity = 0  Locus = 0  Class = 0",
-                     {"x"}) +
-            englishEntry("1-15-2003  10:00:02:    SAM", "Severity = 0  Locus = 0  Class = 0", {"y"}),
-        LogLanguage::English);
+    const auto e = readEntries(englishEntry("1-15-2003  10:00:01 am:    CAMPUS-PM-7",
+                                            "Severity = 0  Locus = 0  Class = 0", {"x"}) +
+                                   englishEntry("1-15-2003  10:00:02:    SAM",
+                                                "Severity = 0  Locus = 0  Class = 0", {"y"}),
+                               LogLanguage::English);
     ASSERT_EQ(e.size(), 2u);
     EXPECT_EQ(e[0].time, "10:00:01 am pm");
     EXPECT_EQ(e[1].time, "10:00:02 am"); // "SAM" holds "am"
@@ -110,9 +111,9 @@ TEST(LogsSysLogEntry, MessageLinesAreJoinedAndOnlyTheFirstLosesLineFeeds) {
 }
 
 TEST(LogsSysLogEntry, MissingTokensReadAsQuestionMarks) {
-    const auto e = readEntries(englishEntry("1-15-2003  10:00:01 am:    X", "Locus = 2",
-                                            {"Third-party message"}),
-                               LogLanguage::English);
+    const auto e = readEntries(
+        englishEntry("1-15-2003  10:00:01 am:    X", "Locus = 2", {"Third-party message"}),
+        LogLanguage::English);
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].statusIcon, 26);
     EXPECT_EQ(e[0].state, "???");
@@ -121,9 +122,9 @@ TEST(LogsSysLogEntry, MissingTokensReadAsQuestionMarks) {
 }
 
 TEST(LogsSysLogEntry, GarbledNumbersReadAsZero) {
-    const auto e = readEntries(englishEntry("1-15-2003  10:00:01 am:    X",
-                                            "Severity = x  Locus = ab  Class =   ", {"m"}),
-                               LogLanguage::English);
+    const auto e = readEntries(
+        englishEntry("1-15-2003  10:00:01 am:    X", "Severity = x  Locus = ab  Class =   ", {"m"}),
+        LogLanguage::English);
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].state, "Informational");
     EXPECT_EQ(e[0].source, "Unknown");
@@ -133,10 +134,11 @@ TEST(LogsSysLogEntry, GarbledNumbersReadAsZero) {
 TEST(LogsSysLogEntry, NumbersOutsideTheTablesAreCapturedAndReadingGoesOn) {
     test::TempTree tree;
     ErrorCapture errors(tree.paths());
-    const auto e = readEntries(
-        englishEntry("1-15-2003  10:00:01 am:    X", "Severity = 9  Locus = 42  Class = -1", {"a"}) +
-            englishEntry("1-15-2003  10:00:02 am:    Y", "Severity = 8  Locus = 1  Class = 1", {"b"}),
-        LogLanguage::English, &errors);
+    const auto e = readEntries(englishEntry("1-15-2003  10:00:01 am:    X",
+                                            "Severity = 9  Locus = 42  Class = -1", {"a"}) +
+                                   englishEntry("1-15-2003  10:00:02 am:    Y",
+                                                "Severity = 8  Locus = 1  Class = 1", {"b"}),
+                               LogLanguage::English, &errors);
     ASSERT_EQ(e.size(), 2u);
     EXPECT_EQ(e[0].state, "???");
     EXPECT_EQ(e[0].statusIcon, 26);
@@ -165,7 +167,10 @@ TEST(LogsSysLogEntry, HeaderWithoutDoubleBlankKeepsThePreviousDate) {
 TEST(LogsSysLogEntry, GermanTextIsConvertedFromTheServerCodePage) {
     QByteArray bytes = lines({"15.01.2003  14:30:45 :    SERVER-5.60-0",
                               "Schweregrad = 2  Geometrischer Ort = 10  Klasse = 15",
-                              "Ger\x84t 0x3 wurde deaktiviert", "Gr\x94\xe1" "e \x9a\x8e\x99\x81 ok", ""});
+                              "Ger\x84t 0x3 wurde deaktiviert",
+                              "Gr\x94\xe1"
+                              "e \x9a\x8e\x99\x81 ok",
+                              ""});
     const auto e = readEntries(bytes, LogLanguage::German);
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].date, "15.01.2003");
@@ -178,14 +183,16 @@ TEST(LogsSysLogEntry, GermanTextIsConvertedFromTheServerCodePage) {
 }
 
 TEST(LogsSysLogEntry, AnEntryRunningIntoTheEndOfTheFileEndsThere) {
-    const auto e = readEntries(lines({"1-15-2003  10:00:01 am:    X", "Severity = 0  Locus = 0  Class = 0",
-                                      "line one", "line two"}),
-                               LogLanguage::English);
+    const auto e =
+        readEntries(lines({"1-15-2003  10:00:01 am:    X", "Severity = 0  Locus = 0  Class = 0",
+                           "line one", "line two"}),
+                    LogLanguage::English);
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].message, "line one  |  line two");
     // Only empty lines left at the end are no entry.
     EXPECT_TRUE(readEntries(lines({"", ""}), LogLanguage::English).empty());
-    const auto headerOnly = readEntries(lines({"1-15-2003  10:00:01 am:    X"}), LogLanguage::English);
+    const auto headerOnly =
+        readEntries(lines({"1-15-2003  10:00:01 am:    X"}), LogLanguage::English);
     ASSERT_EQ(headerOnly.size(), 1u);
     EXPECT_EQ(headerOnly[0].state, "???");
 }

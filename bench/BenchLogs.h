@@ -1,0 +1,53 @@
+#pragma once
+// What the benchmarks share: generated logs kept in the temporary folder between runs,
+// and an engine on a throw-away folder tree that shows nothing.
+
+#include "core/Engine.h"
+#include "demo/SysLogErrWriter.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace twk::bench {
+
+/// A short fingerprint of what the writer makes today from `sample`, for file names: a
+/// changed writer then does not reuse an old file.
+inline QString writerFingerprint(const demo::SysLogErrOptions& sample) {
+    return QString::fromLatin1(
+        QCryptographicHash::hash(demo::sysLogErrBytes(sample), QCryptographicHash::Sha1)
+            .toHex()
+            .left(10));
+}
+
+/// The log `fileName` in the benchmarks' temporary folder, written from `options` when it
+/// is not there yet; empty when it could not be written.
+inline QString cachedSysLog(const QString& fileName, const demo::SysLogErrOptions& options) {
+    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
+    QDir().mkpath(folder);
+    const QString path = folder + QStringLiteral("/") + fileName;
+    if (QFileInfo::exists(path))
+        return path;
+    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
+    // Written under another name first, so that a cut-off run leaves no half log behind.
+    const QString partial = path + QStringLiteral(".partial");
+    if (!demo::writeSysLogErr(options, partial).ok || !QFile::rename(partial, path)) {
+        QFile::remove(partial);
+        return {};
+    }
+    return path;
+}
+
+/// An engine on a throw-away folder tree, showing nothing.
+struct QuietEngine {
+    QTemporaryDir dir;
+    SilentUi ui;
+    NoProgress progress;
+    Engine engine{AppPaths::under(dir.path()), ui, progress};
+};
+
+} // namespace twk::bench
