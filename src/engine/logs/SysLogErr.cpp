@@ -60,6 +60,15 @@ AmPm findAmPm(std::string_view s) {
     return found;
 }
 
+// Place (from 1) of the first two blanks in a row, 0 when there are none: the date of a
+// header ends there, a few bytes in, so a plain walk beats a general search.
+std::int64_t findDoubleBlank(std::string_view s) {
+    for (std::size_t i = 0; i + 1 < s.size(); ++i)
+        if (s[i] == ' ' && s[i + 1] == ' ')
+            return static_cast<std::int64_t>(i) + 1;
+    return 0;
+}
+
 bool isBlankLine(std::string_view line) {
     for (const char c : line)
         if (c != ' ')
@@ -194,7 +203,8 @@ void SysLogEntryReader::readCodeLine(std::string_view code, SysLogEntry& e) {
          at = code.find('=', at + 1)) {
         for (std::size_t k = 0; k < words.size(); ++k) {
             const std::size_t length = words[k].size();
-            if (place[k] == 0 && at + 1 >= length &&
+            // The first letter rules out most words before the whole word is compared.
+            if (place[k] == 0 && at + 1 >= length && code[at + 1 - length] == words[k][0] &&
                 code.compare(at + 1 - length, length, words[k]) == 0) {
                 place[k] = static_cast<std::int64_t>(at + 2 - length);
                 --missing;
@@ -254,7 +264,7 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
 
     // Header: date, two blanks, time, am/pm, colon, error number text.
     const std::string_view header = text::trim(line);
-    const auto pos = text::inStr(header, "  ");
+    const auto pos = findDoubleBlank(header);
     if (pos > 0) {
         const std::string_view rawDate = text::left(header, pos - 1);
         if (rawDate != rawDate_) { // consecutive entries mostly share their date
