@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -72,4 +73,55 @@ TEST(LogsLineReader, NulBytesAreOrdinaryCharacters) {
     const auto lines = readAll(path);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0], std::string("a\0b", 3));
+}
+
+TEST(LogsLineReader, CountingBlankLinesMatchesReadingLineByLine) {
+    test::TempTree tree;
+    // Blank lines of every kind (empty, blanks only, CR LF or CR, one at the very end
+    // without a line end), a lone LF that makes a line not blank, long lines that span
+    // many 16-byte windows, and line ends split across reads.
+    QByteArray bytes;
+    for (int i = 0; i < 40; ++i) {
+        bytes += QByteArray(i * 7 % 53, 'x') + "\r\n";
+        bytes += (i % 3 == 0) ? QByteArray("\r\n") : QByteArray("   \r");
+        bytes += (i % 5 == 0) ? QByteArray(" \n \r") : QByteArray("x \r\n");
+    }
+    bytes += "  ";
+    const QString path = tree.write("f", bytes);
+    // Blank lines and the positions after each line, read line by line with `block`.
+    const auto byLines = [&](std::size_t block, std::vector<std::uint64_t>& positions) {
+        std::int64_t blank = 0;
+        LineReader reader(path, block);
+        std::string_view line;
+        while (reader.next(line)) {
+            if (line.find_first_not_of(' ') == std::string_view::npos)
+                ++blank;
+            positions.push_back(reader.position());
+        }
+        return blank;
+    };
+    std::vector<std::uint64_t> ignored;
+    const std::int64_t expected = byLines(std::size_t{1} << 20, ignored);
+    ASSERT_GT(expected, 40);
+    for (const std::size_t block : {std::size_t{1}, std::size_t{5}, std::size_t{16},
+                                    std::size_t{17}, std::size_t{100}, std::size_t{1} << 20}) {
+        std::vector<std::uint64_t> positions;
+        EXPECT_EQ(byLines(block, positions), expected);
+        for (const std::uint64_t stretch :
+             {std::uint64_t{1}, std::uint64_t{37}, std::uint64_t{1} << 30}) {
+            LineReader reader(path, block);
+            std::int64_t blank = 0;
+            while (!reader.atEnd()) {
+                const std::uint64_t from = reader.position();
+                blank += reader.countBlankLines(from + stretch);
+                // Every stop is at a line end, and no earlier than asked.
+                EXPECT_TRUE(std::find(positions.begin(), positions.end(), reader.position()) !=
+                            positions.end())
+                    << "block " << block << " stretch " << stretch;
+                EXPECT_TRUE(reader.atEnd() || reader.position() >= from + stretch);
+            }
+            EXPECT_EQ(blank, expected) << "block " << block << " stretch " << stretch;
+            EXPECT_EQ(reader.position(), static_cast<std::uint64_t>(bytes.size()));
+        }
+    }
 }

@@ -114,6 +114,74 @@ bool LineReader::skip(std::int64_t count) {
     return true;
 }
 
+namespace {
+
+bool allBlanks(const char* data, std::size_t size) {
+    for (std::size_t i = 0; i < size; ++i)
+        if (data[i] != ' ')
+            return false;
+    return true;
+}
+
+// Bit i set where data[i] is a CR, for the 16 bytes at data.
+unsigned carriageReturnMask(const char* data) {
+#if defined(__SSE2__)
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8('\r'))));
+#else
+    unsigned mask = 0;
+    for (unsigned i = 0; i < 16; ++i)
+        if (data[i] == '\r')
+            mask |= 1u << i;
+    return mask;
+#endif
+}
+
+} // namespace
+
+std::int64_t LineReader::countBlankLines(std::uint64_t stopAt) {
+    std::int64_t blank = 0;
+    std::string_view line;
+    while (consumed_ < stopAt) {
+        if (!skipLeadingLineFeed_ && begin_ < end_) {
+            // The lines whose end and the byte after it lie in the block.
+            const char* data = buffer_.data();
+            std::size_t lineStart = begin_;
+            bool stop = false;
+            for (std::size_t window = begin_; !stop && window < end_; window += 16) {
+                unsigned mask = carriageReturnMask(data + window); // the block has slack
+                if (end_ - window < 16)
+                    mask &= (1u << (end_ - window)) - 1;
+                for (; mask != 0; mask &= mask - 1) {
+                    const std::size_t at = window + static_cast<std::size_t>(__builtin_ctz(mask));
+                    if (at + 1 >= end_) { // is a LF next? The next read tells.
+                        stop = true;
+                        break;
+                    }
+                    if (allBlanks(data + lineStart, at - lineStart))
+                        ++blank;
+                    const std::size_t after = at + 1 + (data[at + 1] == '\n' ? 1 : 0);
+                    consumed_ += after - lineStart;
+                    lineStart = after;
+                    if (consumed_ >= stopAt) {
+                        stop = true;
+                        break;
+                    }
+                }
+            }
+            begin_ = lineStart;
+            if (consumed_ >= stopAt)
+                break;
+        }
+        // A line across the end of the block, or the last one of the file.
+        if (!nextSlow(line))
+            break;
+        if (allBlanks(line.data(), line.size()))
+            ++blank;
+    }
+    return blank;
+}
+
 bool fileReadable(const QString& path) {
     const QByteArray local = path.toLocal8Bit();
     struct stat st {};

@@ -75,6 +75,10 @@ public:
     }
     /// Skips `count` lines; false when the file ended first.
     bool skip(std::int64_t count);
+    /// Reads lines as next() does until position() reaches `stopAt` or the file ends, and
+    /// returns how many of them were blank (nothing but blanks, or empty). Faster than
+    /// line by line: the line ends of 16 bytes are found at once.
+    std::int64_t countBlankLines(std::uint64_t stopAt);
 
 private:
     bool nextSlow(std::string_view& line);

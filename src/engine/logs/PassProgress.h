@@ -25,6 +25,8 @@ public:
             advance(bytesRead);
     }
     int bar() const { return bar_; }
+    /// The read position from which update() may move the bar.
+    std::uint64_t nextCheck() const { return nextCheck_; }
 
     /// Percent as the pass computes it from a read position.
     static int percentAt(std::uint64_t bytesRead, std::uint64_t fileLength);

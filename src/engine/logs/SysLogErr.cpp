@@ -8,6 +8,7 @@
 #include "logs/PassProgress.h"
 #include "logs/Vocabulary.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
@@ -67,13 +68,6 @@ std::int64_t findDoubleBlank(std::string_view s) {
         if (s[i] == ' ' && s[i + 1] == ' ')
             return static_cast<std::int64_t>(i) + 1;
     return 0;
-}
-
-bool isBlankLine(std::string_view line) {
-    for (const char c : line)
-        if (c != ' ')
-            return false;
-    return true;
 }
 
 } // namespace
@@ -429,10 +423,13 @@ int SysLogErrRows(Engine& engine, const QString& path) {
         if (firstRow > 1)
             reader.skip(firstRow - 1);
         std::int64_t counter = 1;
-        std::string_view line;
-        while (reader.next(line)) {
-            if (isBlankLine(line))
-                ++counter;
+        // Lines are counted in stretches that end where the progress bar may move, and
+        // short enough that the window stays responsive.
+        constexpr std::uint64_t kStretch = 4096;
+        while (!reader.atEnd()) {
+            const std::uint64_t from = reader.position();
+            counter +=
+                reader.countBlankLines(std::clamp(progress.nextCheck(), from + 1, from + kStretch));
             progress.update(reader.position());
             engine.yieldIfDue();
         }
