@@ -109,16 +109,36 @@ TEST_F(Keys, F1OpensTheHelpPageOfTheView) {
               QStringLiteral("_syslog.err/description.htm"));
     EXPECT_EQ(HelpPageOfView(QStringLiteral("RealtimeMonitor")), QStringLiteral("index.htm"));
 
+    // Start-up delivered the pages: F1 opens them, nothing is said.
     Form_KeyDown(*f.engine, MainKey::F1, kNone);
-    ASSERT_EQ(f.ui.messages.size(), 1u) << "no help pages installed";
-    EXPECT_TRUE(f.desktop.opened.empty());
-
     loadLog();
-    const QString page =
-        f.tree.write(QStringLiteral("app/help/_syslog.err/description.htm"), "<html/>");
     Form_KeyDown(*f.engine, MainKey::F1, kNone);
-    ASSERT_EQ(f.desktop.opened.size(), 1u);
-    EXPECT_EQ(f.desktop.opened[0], page);
+    EXPECT_TRUE(f.ui.messages.empty());
+    ASSERT_EQ(f.desktop.opened.size(), 2u);
+    EXPECT_EQ(f.desktop.opened[0], f.tree.path(QStringLiteral("app/help/index.htm")));
+    EXPECT_EQ(f.desktop.opened[1],
+              f.tree.path(QStringLiteral("app/help/_syslog.err/description.htm")));
+}
+
+TEST_F(Keys, F1WithoutThePagesSaysSo) {
+    ASSERT_TRUE(QDir(HelpFolder(*f.engine)).removeRecursively());
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::F1, kNone));
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].text,
+              QStringLiteral("The help pages are not available in this version yet."));
+    EXPECT_EQ(f.ui.messages[0].title, QStringLiteral(" Tarnwick"));
+    EXPECT_TRUE(f.desktop.opened.empty());
+}
+
+TEST_F(Keys, F1WhenTheBrowserFailsIsAnErrorOfTheRoutine) {
+    f.desktop.works = false;
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::F1, kNone));
+    EXPECT_EQ(f.desktop.opened.size(), 1u);
+    EXPECT_TRUE(f.ui.messages.empty()) << "no help message: the page is there";
+    EXPECT_EQ(f.engine->errors.count(), 1);
+    QFile report(f.engine->errors.errorFile());
+    ASSERT_TRUE(report.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(report.readAll().contains("Mainfrm.Form_KeyDown(KeyCode,Shift)"));
 }
 
 TEST_F(Keys, EnterIsADoubleClickOnTheSelectedRow) {

@@ -107,15 +107,6 @@ inline int rowOfEvent(const Engine& engine, int number) {
     return 0;
 }
 
-/// Puts a help page into the help folder, so that opening it works.
-inline void writeHelpPage(const Engine& engine, const QString& page) {
-    const QString file = QDir(HelpFolder(engine)).filePath(page);
-    QDir().mkpath(QFileInfo(file).absolutePath());
-    QFile out(file);
-    out.open(QIODevice::WriteOnly);
-    out.write("<html></html>");
-}
-
 /// The text of the newest message box, empty when none was shown.
 inline QString lastMessage(const WindowFixture& f) {
     return f.ui.messages.empty() ? QString() : f.ui.messages.back().text;

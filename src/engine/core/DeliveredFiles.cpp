@@ -3,6 +3,7 @@
 #include "core/AppPaths.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -23,6 +24,19 @@ QStringList CopyDeliveredFiles(const AppPaths& paths, const QStringList& names) 
         }
     }
     return copied;
+}
+
+QStringList DeliveredHelpFiles(const AppPaths& paths) {
+    const QDir share(paths.shareFolder);
+    QStringList names;
+    // The pages show the grid's icons by relative links into icons/, so both go.
+    for (const QString& folder : {QStringLiteral("help"), QStringLiteral("icons")}) {
+        QDirIterator files(share.filePath(folder), QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext())
+            names.append(share.relativeFilePath(files.next()));
+    }
+    names.sort();
+    return names;
 }
 
 } // namespace twk

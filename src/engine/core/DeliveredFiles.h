@@ -13,4 +13,8 @@ struct AppPaths;
 /// Returns the names copied; a file missing in share/ is skipped.
 QStringList CopyDeliveredFiles(const AppPaths& paths, const QStringList& names);
 
+/// The help pages and the icons they show: every file below share/help and share/icons,
+/// named relative to share/ ("help/index.htm", "icons/00.svg"), sorted.
+QStringList DeliveredHelpFiles(const AppPaths& paths);
+
 } // namespace twk

@@ -85,7 +85,8 @@ StartupOutcome Main(Engine& engine, StartupPort& port, const StartupOptions& opt
     }
 
     engine.paths.ensureFolders();
-    CopyDeliveredFiles(engine.paths, {QStringLiteral("tips.tdy")});
+    CopyDeliveredFiles(engine.paths,
+                       QStringList{QStringLiteral("tips.tdy")} + DeliveredHelpFiles(engine.paths));
     Init(engine);
 
     if (options.prepareNetwork)
