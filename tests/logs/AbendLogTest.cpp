@@ -1,53 +1,53 @@
 #include "logs/AbendLog.h"
 
-#include "LineLogText.h"
+#include "LogFixture.h"
 #include "core/Mainfrm.h"
 #include "logs/MarkColors.h"
 
+#include <utility>
+
 using namespace twk;
 using twk::test::abendReport;
-using twk::test::crlfLines;
+using twk::test::lines;
 
 namespace {
 
-class AbendLogLoad : public test::LineLogFixture {
+class AbendLogLoad : public test::LogFixture {
 protected:
     bool loadAbends(const QByteArray& bytes) { return load(views::kAbendLog, bytes); }
-    QByteArray twoReports() {
-        return abendReport("FS1", "Wednesday, January 15, 2003   2:30:45.123 pm", 1) +
-               abendReport("FS1", "Thursday, June 5, 2003   9:01:02.000 am", 2);
+    bool loadTwoReports() {
+        return loadAbends(abendReport("FS1", "Wednesday, January 15, 2003   2:30:45.123 pm", 1) +
+                          abendReport("FS1", "Thursday, June 5, 2003   9:01:02.000 am", 2));
     }
 };
 
 } // namespace
 
-TEST_F(AbendLogLoad, LinesStandAsTheyAreInColumnTwo) {
-    ASSERT_TRUE(loadAbends(twoReports()));
+TEST_F(AbendLogLoad, LinesStandAsTheyAreInColumnTwoAndSectionsAreMarked) {
+    ASSERT_TRUE(loadTwoReports());
     ASSERT_EQ(engine.Grid1.Rows(), 28);
     EXPECT_EQ(cell(2, 2), "Server FS1 halted Wednesday, January 15, 2003   2:30:45.123 pm");
     EXPECT_EQ(cell(6, 2), "   CS = 0008 DS = 0010 ES = 0010 FS = 0010 GS = 0010 SS = 0010");
     EXPECT_EQ(cell(2, 1), "");
-}
-
-TEST_F(AbendLogLoad, SectionsOfAReportAreMarked) {
-    ASSERT_TRUE(loadAbends(twoReports()));
-    EXPECT_FALSE(bold(1, 2));           // the line of stars
-    EXPECT_EQ(colour(2, 2), kMarkRed);  // halted
-    EXPECT_EQ(colour(3, 2), kMarkRed);  // Abend 1 on P00 ... Error code
-    EXPECT_EQ(colour(5, 2), kMarkBlue); // Registers
-    EXPECT_FALSE(bold(6, 2));
-    EXPECT_EQ(colour(7, 2), kMarkGreen); // Running process
-    EXPECT_EQ(colour(9, 2), kMarkGreen); // Additional Information
-    EXPECT_EQ(colour(10, 2), kMarkBlack);
-    EXPECT_TRUE(bold(10, 2));            // .NLM in the text
-    EXPECT_EQ(colour(11, 2), kMarkBlue); // Loaded Modules
-    EXPECT_TRUE(bold(13, 2));            // .CDM
-    for (int row : {2, 3, 5, 7, 9, 11})
+    // halted, Abend 1 on P00 ... Error code, Registers, Running process, Additional
+    // Information, .NLM in the text, Loaded Modules
+    for (const auto& [row, colour] : {std::pair{2, kMarkRed},
+                                      {3, kMarkRed},
+                                      {5, kMarkBlue},
+                                      {7, kMarkGreen},
+                                      {9, kMarkGreen},
+                                      {10, kMarkBlack},
+                                      {11, kMarkBlue}}) {
+        EXPECT_EQ(this->colour(row, 2), colour) << row;
         EXPECT_TRUE(bold(row, 2)) << row;
+    }
+    EXPECT_TRUE(bold(13, 2)); // .CDM
+    EXPECT_FALSE(bold(1, 2)); // the line of stars
+    EXPECT_FALSE(bold(6, 2));
 }
 
-TEST_F(AbendLogLoad, AbendListPanesAndSelection) {
-    ASSERT_TRUE(loadAbends(twoReports()));
+TEST_F(AbendLogLoad, AbendListPanesSelectionAndTheAbendOfARow) {
+    ASSERT_TRUE(loadTwoReports());
     const MainView& v = engine.view;
     EXPECT_EQ(v.CurrentView, views::kAbendLog);
     EXPECT_EQ(v.cbAbendLog.items, (QStringList{QStringLiteral("Jan. 15, 2003   2:30:45.123 pm"),
@@ -58,40 +58,37 @@ TEST_F(AbendLogLoad, AbendListPanesAndSelection) {
               QStringLiteral(" January 15, 2003   2:30:45.123 pm "));
     EXPECT_EQ(engine.analysis.abendRows[1], 2);
     EXPECT_EQ(engine.analysis.abendRows[2], 16);
-    EXPECT_EQ(pane(1), QStringLiteral("2/2"));
-    EXPECT_EQ(pane(2), QStringLiteral("Jan. 15, 2003"));
-    EXPECT_EQ(pane(3), QStringLiteral("Jun. 5, 2003"));
-    EXPECT_EQ(pane(5), QStringLiteral("2 ABEND's found!"));
+    EXPECT_EQ(panes({1, 2, 3, 5}),
+              (QStringList{"2/2", "Jan. 15, 2003", "Jun. 5, 2003", "2 ABEND's found!"}));
     // The report of the last abend: its first lines selected, its own line on top.
     const GridFocus& focus = engine.analysis.gridFocus;
     EXPECT_EQ(focus.firstRow, 17);
     EXPECT_EQ(focus.lastRow, 20);
     EXPECT_EQ(focus.topRow, 16);
     EXPECT_EQ(engine.Grid1.SelectedRow(), 17);
+    // Rows before the first report belong to the first abend.
+    for (const auto& [row, abend] : {std::pair{1, 1}, {2, 1}, {15, 1}, {16, 2}, {28, 2}})
+        EXPECT_EQ(AbendOfRow(engine, row), abend) << row;
 }
 
 TEST_F(AbendLogLoad, MenusAndListsWhileAnAbendLogIsShown) {
-    ASSERT_TRUE(loadAbends(twoReports()));
-    EXPECT_FALSE(menuEnabled("mnuFilter"));
-    EXPECT_FALSE(menuEnabled("mnuGoto"));
+    ASSERT_TRUE(loadTwoReports());
+    for (const char* name : {"mnuFilter", "mnuGoto", "mnuViewAll"})
+        EXPECT_FALSE(menuEnabled(name)) << name;
     for (const char* name : {"mnuFind", "mnuSave", "mnuReload", "mnuCloseFile"})
         EXPECT_TRUE(menuEnabled(name)) << name;
     EXPECT_FALSE(menuVisible("mnuStatusIcons"));
     EXPECT_FALSE(menuVisible("mnuAnalyzer"));
-    EXPECT_FALSE(menuEnabled("mnuViewAll"));
-    EXPECT_FALSE(engine.view.cbTree.enabled);
-    EXPECT_FALSE(engine.view.cbServer.enabled);
-    EXPECT_FALSE(engine.view.cbVolume.enabled);
+    MainView& v = engine.view;
+    EXPECT_FALSE(v.cbTree.enabled || v.cbServer.enabled || v.cbVolume.enabled);
     // Another log frees them again.
-    ASSERT_TRUE(load(views::kCronlog, crlfLines({"Cron service started."})));
-    EXPECT_TRUE(engine.view.cbTree.enabled);
-    EXPECT_TRUE(engine.view.cbServer.enabled);
-    EXPECT_TRUE(engine.view.cbVolume.enabled);
+    ASSERT_TRUE(load(views::kCronlog, lines({"Cron service started."})));
+    EXPECT_TRUE(v.cbTree.enabled && v.cbServer.enabled && v.cbVolume.enabled);
 }
 
 TEST_F(AbendLogLoad, ClosingGivesTheListsBackAsTheyWere) {
     engine.view.cbTree.enabled = false; // a single start context keeps the tree fixed
-    ASSERT_TRUE(loadAbends(twoReports()));
+    ASSERT_TRUE(loadTwoReports());
     EXPECT_FALSE(engine.view.cbServer.enabled);
     CloseFile(engine);
     EXPECT_FALSE(engine.view.cbTree.enabled);
@@ -100,7 +97,7 @@ TEST_F(AbendLogLoad, ClosingGivesTheListsBackAsTheyWere) {
 }
 
 TEST_F(AbendLogLoad, ChoosingAnAbendJumpsToItsReport) {
-    ASSERT_TRUE(loadAbends(twoReports()));
+    ASSERT_TRUE(loadTwoReports());
     const unsigned serial = engine.analysis.gridFocus.serial;
     cbAbendLog_Click(engine, 0);
     EXPECT_EQ(engine.view.cbAbendLog.ListIndex, 0);
@@ -118,28 +115,22 @@ TEST_F(AbendLogLoad, ChoosingAnAbendJumpsToItsReport) {
 }
 
 TEST_F(AbendLogLoad, AReportAtTheEndKeepsTheSelectionInsideTheGrid) {
-    ASSERT_TRUE(loadAbends(
-        crlfLines({"first line", "Server FS2 halted Friday, May 2, 2003   1:00:00.000 am",
-                   "Abend 1 on P00"})));
+    ASSERT_TRUE(
+        loadAbends(lines({"first line", "Server FS2 halted Friday, May 2, 2003   1:00:00.000 am",
+                          "Abend 1 on P00"})));
     EXPECT_EQ(engine.analysis.gridFocus.firstRow, 3);
     EXPECT_EQ(engine.analysis.gridFocus.lastRow, 3);
     EXPECT_EQ(engine.analysis.gridFocus.topRow, 2);
     EXPECT_EQ(pane(2), QStringLiteral("May 2, 2003"));
 }
 
-TEST_F(AbendLogLoad, ALogWithoutAbends) {
-    ASSERT_TRUE(loadAbends(crlfLines({"nothing happened", "   abend of nothing"})));
+TEST_F(AbendLogLoad, LogsWithoutAbendsEmptyFilesAndJunk) {
+    ASSERT_TRUE(loadAbends(lines({"nothing happened", "   abend of nothing"})));
     EXPECT_TRUE(engine.view.cbAbendLog.items.isEmpty());
-    EXPECT_EQ(pane(1), QStringLiteral("0/0"));
-    EXPECT_EQ(pane(2), QString());
-    EXPECT_EQ(pane(3), QString());
-    EXPECT_EQ(pane(5), QStringLiteral("0 ABEND's found!"));
+    EXPECT_EQ(panes({1, 2, 3, 5}), (QStringList{"0/0", "", "", "0 ABEND's found!"}));
     EXPECT_EQ(engine.Grid1.SelectedRow(), 2);
-    // "abend" behind blanks is not the start of the line.
-    EXPECT_FALSE(bold(2, 2));
-}
+    EXPECT_FALSE(bold(2, 2)); // "abend" behind blanks is not the start of the line
 
-TEST_F(AbendLogLoad, EmptyFileAndJunk) {
     ASSERT_TRUE(loadAbends(QByteArray()));
     EXPECT_EQ(engine.Grid1.Rows(), 1);
     EXPECT_EQ(pane(1), QStringLiteral("0/0"));
@@ -151,8 +142,7 @@ TEST_F(AbendLogLoad, MoreThanTenThousandAbendsAreReportedOnce) {
     QByteArray many;
     for (int i = 0; i < kMaxAbends + 2; ++i)
         many += "Server halted, day\r\n";
-    many += "last line\r\n";
-    ASSERT_TRUE(loadAbends(many));
+    ASSERT_TRUE(loadAbends(many + "last line\r\n"));
     EXPECT_EQ(engine.analysis.abendCount, kMaxAbends);
     EXPECT_EQ(engine.errors.count(), 1);
     EXPECT_EQ(cell(kMaxAbends + 3, 2), "last line"); // the rest of the log is still shown
@@ -168,15 +158,14 @@ TEST(AbendLine, TitleIsTheTextBehindTheFirstComma) {
     EXPECT_EQ(ScanAbendLine("Server halted Tuesday, Jan 7,03").title, QStringLiteral(" Jan 7 "));
     EXPECT_EQ(ScanAbendLine("Server halted Tuesday, Jan 7, 03").title,
               QStringLiteral(" Jan 7, 03 "));
-}
-
-TEST(AbendLine, TitleCleanUp) {
-    EXPECT_EQ(CleanAbendTitle(QStringLiteral("abc,12")), QStringLiteral("abc "));
-    EXPECT_EQ(CleanAbendTitle(QStringLiteral("abc,1234")), QStringLiteral("abc "));
-    EXPECT_EQ(CleanAbendTitle(QStringLiteral("abc,12345")), QStringLiteral("abc,12345"));
-    EXPECT_EQ(CleanAbendTitle(QStringLiteral("abc,1x")), QStringLiteral("abc,1x"));
-    EXPECT_EQ(CleanAbendTitle(QStringLiteral("abc,1")), QStringLiteral("abc,1"));
-    EXPECT_EQ(CleanAbendTitle(QStringLiteral("abc")), QStringLiteral("abc"));
+    for (const auto& [title, cleaned] : {std::pair{"abc,12", "abc "},
+                                         {"abc,1234", "abc "},
+                                         {"abc,12345", "abc,12345"},
+                                         {"abc,1x", "abc,1x"},
+                                         {"abc,1", "abc,1"},
+                                         {"abc", "abc"}})
+        EXPECT_EQ(CleanAbendTitle(QString::fromLatin1(title)), QString::fromLatin1(cleaned))
+            << title;
 }
 
 TEST(AbendLine, LastFittingMarkerGivesTheColour) {
@@ -192,21 +181,18 @@ TEST(AbendLine, LastFittingMarkerGivesTheColour) {
 }
 
 TEST(AbendMonths, ListAndDateTablesDiffer) {
-    EXPECT_EQ(ShortMonthsForList(QStringLiteral(" January 5, 2003 ")),
-              QStringLiteral("Jan. 5, 2003"));
-    EXPECT_EQ(ShortMonthsForList(QStringLiteral("5. Januar 2003")), QStringLiteral("5. Jan. 2003"));
-    EXPECT_EQ(ShortMonthsForList(QStringLiteral("June July Juni Juli Mai May")),
-              QStringLiteral("June July Juni Juli Mai May"));
+    // Exact in case; every occurrence; June and July only shortened for dates.
+    for (const auto& [text, shortened] :
+         {std::pair{" January 5, 2003 ", "Jan. 5, 2003"},
+          {"5. Januar 2003", "5. Jan. 2003"},
+          {"June July Juni Juli Mai May", "June July Juni Juli Mai May"},
+          {"März March Oktober October Dezember December", "März Mar. Okt. Oct. Dez. Dec."},
+          {"February Februar April August September November", "Feb. Feb. Apr. Aug. Sep. Nov."},
+          {"january April April", "january Apr. Apr."}})
+        EXPECT_EQ(ShortMonthsForList(QString::fromUtf8(text)), QString::fromUtf8(shortened))
+            << text;
     EXPECT_EQ(ShortMonthsForDate(QStringLiteral("June July Juni Juli")),
               QStringLiteral("Jun. Jul. Jun. Jul."));
-    EXPECT_EQ(ShortMonthsForList(QStringLiteral("März March Oktober October Dezember December")),
-              QStringLiteral("März Mar. Okt. Oct. Dez. Dec."));
-    EXPECT_EQ(
-        ShortMonthsForList(QStringLiteral("February Februar April August September November")),
-        QStringLiteral("Feb. Feb. Apr. Aug. Sep. Nov."));
-    // Exact in case; every occurrence.
-    EXPECT_EQ(ShortMonthsForList(QStringLiteral("january April April")),
-              QStringLiteral("january Apr. Apr."));
 }
 
 TEST_F(AbendLogLoad, ExtractShortDateCutsTheTime) {
@@ -222,13 +208,4 @@ TEST_F(AbendLogLoad, ExtractShortDateCutsTheTime) {
     // A hidden list keeps its month names.
     v.cbAbendLog.visible = false;
     EXPECT_EQ(ExtractShortDate(engine, 0), QStringLiteral("15. Juni 2003"));
-}
-
-TEST_F(AbendLogLoad, AbendOfARow) {
-    ASSERT_TRUE(loadAbends(twoReports()));
-    EXPECT_EQ(AbendOfRow(engine, 1), 1); // before the first report
-    EXPECT_EQ(AbendOfRow(engine, 2), 1);
-    EXPECT_EQ(AbendOfRow(engine, 15), 1);
-    EXPECT_EQ(AbendOfRow(engine, 16), 2);
-    EXPECT_EQ(AbendOfRow(engine, 28), 2);
 }

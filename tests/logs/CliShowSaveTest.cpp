@@ -1,6 +1,6 @@
 // tarnwick-cli show and save, run as the program itself.
 
-#include "LineLogText.h"
+#include "LogFixture.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,16 +1,16 @@
 #include "logs/Cronlog.h"
 
-#include "LineLogText.h"
+#include "LogFixture.h"
 #include "logs/FilterCronlog.h"
 #include "logs/MarkColors.h"
 
 using namespace twk;
-using twk::test::crlfLines;
 using twk::test::cronSample;
+using twk::test::lines;
 
 namespace {
 
-class CronlogLoad : public test::LineLogFixture {
+class CronlogLoad : public test::LogFixture {
 protected:
     bool loadCron(const QByteArray& bytes) { return load(views::kCronlog, bytes); }
     std::vector<int> icons() const {
@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST_F(CronlogLoad, StatusIconsNumbersAndTexts) {
+TEST_F(CronlogLoad, StatusIconsNumbersTextsPanesAndMenus) {
     ASSERT_TRUE(loadCron(cronSample()));
     EXPECT_EQ(icons(), (std::vector<int>{36, 33, 34, 35, 35, 34, 35, 37}));
     EXPECT_EQ(cell(1, 2), "1");
@@ -38,14 +38,19 @@ TEST_F(CronlogLoad, StatusIconsNumbersAndTexts) {
     EXPECT_EQ(cell(4, 3), "Job failed: sys:system\\backup.ncf");
     EXPECT_EQ(cell(7, 3), "    Invalid entry skipped");
     EXPECT_TRUE(engine.Grid1.column(1).iconColumn);
-}
-
-TEST_F(CronlogLoad, ErrorsAreTheFailedActions) {
-    ASSERT_TRUE(loadCron(cronSample()));
+    // The errors are the failed actions.
     EXPECT_EQ(engine.analysis.cronErrors, 3);
     EXPECT_EQ(pane(5), QStringLiteral("3 error messages found..."));
     EXPECT_EQ(pane(1), QStringLiteral("8/8"));
     EXPECT_EQ(engine.Grid1.SelectedRow(), 8);
+    EXPECT_EQ(engine.view.CurrentView, views::kCronlog);
+    for (const char* name :
+         {"mnuFilter", "mnuFind", "mnuGoto", "mnuSave", "mnuReload", "mnuCloseFile"})
+        EXPECT_TRUE(menuEnabled(name)) << name;
+    EXPECT_TRUE(menuVisible("mnuGoto"));
+    EXPECT_FALSE(menuVisible("mnuStatusIcons"));
+    EXPECT_FALSE(menuVisible("mnuTrennlinie6"));
+    EXPECT_FALSE(menuEnabled("mnuViewAll"));
 }
 
 TEST_F(CronlogLoad, MarkersColourTheNumberNotTheText) {
@@ -57,22 +62,10 @@ TEST_F(CronlogLoad, MarkersColourTheNumberNotTheText) {
     EXPECT_TRUE(bold(3, 2)); // the date line, black
     EXPECT_EQ(colour(3, 2), kMarkBlack);
     EXPECT_FALSE(bold(1, 2));
-    ASSERT_TRUE(loadCron(crlfLines({"loading cron table", "entry unloaded", "error loading"})));
+    ASSERT_TRUE(loadCron(lines({"loading cron table", "entry unloaded", "error loading"})));
     EXPECT_EQ(colour(1, 2), kMarkBlue);
     EXPECT_EQ(colour(2, 2), kMarkGreen);
     EXPECT_EQ(colour(3, 2), kMarkRed);
-}
-
-TEST_F(CronlogLoad, MenusOfACronlog) {
-    ASSERT_TRUE(loadCron(cronSample()));
-    for (const char* name :
-         {"mnuFilter", "mnuFind", "mnuGoto", "mnuSave", "mnuReload", "mnuCloseFile"})
-        EXPECT_TRUE(menuEnabled(name)) << name;
-    EXPECT_TRUE(menuVisible("mnuGoto"));
-    EXPECT_FALSE(menuVisible("mnuStatusIcons"));
-    EXPECT_FALSE(menuVisible("mnuTrennlinie6"));
-    EXPECT_FALSE(menuEnabled("mnuViewAll"));
-    EXPECT_EQ(engine.view.CurrentView, views::kCronlog);
 }
 
 TEST(CronStatus, LaterTestsWinAndCaseCounts) {

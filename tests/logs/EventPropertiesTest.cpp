@@ -1,22 +1,16 @@
 #include "logs/EventPropertiesForm.h"
 
+#include "LogFixture.h"
 #include "SysLogGrid.h"
-#include "TestSupport.h"
-#include "core/Engine.h"
 #include "logs/Vocabulary.h"
 
-#include <gtest/gtest.h>
-
 using namespace twk;
+using test::box;
 
 namespace {
 
-class EventProperties : public ::testing::Test {
+class EventProperties : public test::LogFixture {
 protected:
-    test::TempTree tree;
-    test::FakeUi ui;
-    NoProgress progress;
-    Engine engine{tree.paths(), ui, progress};
     FrmEventProperties form{engine};
 
     // Events 1..5; row 1 holds event 5.
@@ -32,8 +26,14 @@ protected:
                           {"1-16-2003", "Informational", "Unknown", "Class Unknown", 11, " DS-5",
                            "Local database is open", 0}});
     }
-    int selectedEvent() const {
-        return std::stoi(std::string(engine.Grid1.CellText(engine.Grid1.SelectedRow(), 7)));
+    // The labels of the dialog, "|" between them: date, time, status, source, category,
+    // event number, error number, error message, error description.
+    QString labels() const {
+        return QStringList{
+            form.lbDate.text,        form.lbTime.text,         form.lbStatus.text,
+            form.lbSource.text,      form.lbCategory.text,     form.lbEventNumber.text,
+            form.lbErrorNumber.text, form.lbErrorMessage.text, form.lbErrorDesc.text}
+            .join('|');
     }
 };
 
@@ -41,16 +41,9 @@ TEST_F(EventProperties, ShowsTheRowTrimmedWithItsExplanations) {
     fillSample();
     ASSERT_TRUE(form.open(5)); // event 1
     EXPECT_TRUE(form.visible);
-    EXPECT_EQ(form.lbDate.text, "1-14-2003");
-    EXPECT_EQ(form.lbTime.text, "10:00:00 am");
-    EXPECT_EQ(form.lbStatus.text, "Critical");
+    EXPECT_EQ(labels(), "1-14-2003|10:00:00 am|Critical|Disk|Hardware Failure|1|DS-1|Device "
+                        "deactivated|device deactivated");
     EXPECT_FALSE(form.lbStatus.isLink);
-    EXPECT_EQ(form.lbSource.text, "Disk");
-    EXPECT_EQ(form.lbCategory.text, "Hardware Failure");
-    EXPECT_EQ(form.lbEventNumber.text, "1");
-    EXPECT_EQ(form.lbErrorNumber.text, "DS-1");
-    EXPECT_EQ(form.lbErrorMessage.text, "Device deactivated");
-    EXPECT_EQ(form.lbErrorDesc.text, "device deactivated");
     EXPECT_FALSE(form.lbErrorDesc.isLink);
     EXPECT_EQ(form.picStatus, 3);
     EXPECT_EQ(form.picErrorType, 20);
@@ -60,7 +53,7 @@ TEST_F(EventProperties, ShowsTheRowTrimmedWithItsExplanations) {
     EXPECT_EQ(form.lbErrorDesc_Click(), "");
 }
 
-TEST_F(EventProperties, MissingStatusAndTypeBecomeLinks) {
+TEST_F(EventProperties, MissingStatusAndTypeBecomeLinksAndTheCopyTextIsExact) {
     fillSample();
     ASSERT_TRUE(form.open(4)); // event 2
     EXPECT_TRUE(form.lbStatus.isLink);
@@ -72,34 +65,18 @@ TEST_F(EventProperties, MissingStatusAndTypeBecomeLinks) {
     EXPECT_EQ(form.lbErrorDesc.text, "icon not available");
     EXPECT_EQ(form.lbStatus_Click(), "_syslog.err/_statusicons/statusicons.htm");
     EXPECT_EQ(form.lbErrorDesc_Click(), "_syslog.err/_eventicons/noeventicon.htm");
-}
 
-TEST_F(EventProperties, CopyTextIsExact) {
-    fillSample();
-    ASSERT_TRUE(form.open(4));
-    const QString expected = " \r\n"
-                             "Event # 2\r\n"
-                             " \r\n"
-                             "Date: 1-14-2003\r\n"
-                             "Time: 10:00:00 am\r\n"
-                             " \r\n"
-                             "Status: ???\r\n"
-                             " \r\n" +
-                             form.lbStatusDesc.text +
-                             "\r\n"
-                             " \r\n"
-                             "Source:              ???\r\n"
-                             "Category:            ???\r\n"
-                             " \r\n"
-                             "Error Number:        NR-2\r\n"
-                             "Error Description:   not available\r\n"
-                             " \r\n"
-                             "Error Message\r\n"
-                             "-------------\r\n"
-                             "third party text\r\n"
-                             " \r\n"
-                             " \r\n";
-    EXPECT_EQ(form.cmdCopy_Click(), expected);
+    EXPECT_EQ(form.cmdCopy_Click(),
+              " \r\nEvent # 2\r\n \r\nDate: 1-14-2003\r\nTime: 10:00:00 am\r\n"
+              " \r\nStatus: ???\r\n \r\n" +
+                  form.lbStatusDesc.text +
+                  "\r\n \r\n"
+                  "Source:              ???\r\n"
+                  "Category:            ???\r\n \r\n"
+                  "Error Number:        NR-2\r\n"
+                  "Error Description:   not available\r\n \r\n"
+                  "Error Message\r\n-------------\r\n"
+                  "third party text\r\n \r\n \r\n");
     ASSERT_TRUE(form.open(1));
     EXPECT_TRUE(form.cmdCopy_Click().contains("Error Description:   local database is open\r\n"));
 }
@@ -156,14 +133,14 @@ TEST_F(EventProperties, SourceHelp) {
     fillSample();
     ASSERT_TRUE(form.open(5));
     form.cmdSourceHelp_Click();
-    ASSERT_EQ(ui.messages.size(), 1u);
+    ASSERT_TRUE(form.open(4));
+    form.cmdSourceHelp_Click();
+    ASSERT_EQ(ui.messages.size(), 2u);
     EXPECT_EQ(ui.messages[0].title, " Source:  Disk");
     EXPECT_EQ(ui.messages[0].text, "Problems related to disk storage devices.\r\n"
                                    "Examples: disks, tapes, volume dismounts,\r\n"
                                    "removable media, disk hotfix and disk mirroring.    ");
     EXPECT_EQ(ui.messages[0].icon, MsgIcon::Information);
-    ASSERT_TRUE(form.open(4));
-    form.cmdSourceHelp_Click();
     EXPECT_EQ(ui.messages[1].title, " Source:  ???");
     EXPECT_EQ(ui.messages[1].text, "Source unknown!     ");
     EXPECT_EQ(sourceHelpLines("SFT III").join("|"),
@@ -172,7 +149,7 @@ TEST_F(EventProperties, SourceHelp) {
     EXPECT_EQ(sourceHelpLines("UPS").size(), 4);
 }
 
-TEST_F(EventProperties, FileSystemHookTable) {
+TEST_F(EventProperties, FileSystemHookTableAndErrorCodeOfTheMessage) {
     fillSample();
     ASSERT_TRUE(form.open(3)); // event 3
     EXPECT_TRUE(form.cmdFileHook.enabled);
@@ -187,15 +164,12 @@ TEST_F(EventProperties, FileSystemHookTable) {
     EXPECT_TRUE(messageHasDecoding("Fehler im Hook des Dateisystems (3)"));
     EXPECT_TRUE(messageHasDecoding("failed with ERROR #-601"));
     EXPECT_FALSE(messageHasDecoding("file system hook 7"));
-}
 
-TEST_F(EventProperties, ErrorCodeOfTheMessage) {
-    fillSample();
     ASSERT_TRUE(form.open(2)); // event 4
     EXPECT_TRUE(form.cmdFileHook.enabled);
     form.cmdFileHook_Click();
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text,
+    ASSERT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[1].text,
               "Error Code:  -625\r\nDescription: ERR_TRANSPORT_FAILURE: The server could not be "
               "reached over the network (communication failure).");
 }
@@ -212,22 +186,18 @@ TEST_F(EventProperties, MissingTableIsSaid) {
     EXPECT_EQ(ui.messages[0].text, "File <errorcodes.txt> not available.   ");
 }
 
-TEST_F(EventProperties, OnlyForRowsOfTheSysLogView) {
+TEST_F(EventProperties, OnlyForRowsOfTheSysLogViewAndExitHides) {
     EXPECT_FALSE(form.open(1));
     fillSample();
     EXPECT_FALSE(form.open(0));
     EXPECT_FALSE(form.open(6));
-    test::fillLineView(engine, views::kConsoleLog, {"a"});
-    EXPECT_FALSE(form.open(1));
-}
-
-TEST_F(EventProperties, ExitHides) {
-    fillSample();
     ASSERT_TRUE(form.open(1));
     form.cmdExit_Click();
     EXPECT_FALSE(form.visible);
     form.cmdDown_Click(); // a closed dialog does not walk
     EXPECT_EQ(engine.Grid1.SelectedRow(), 1);
+    test::fillLineView(engine, views::kConsoleLog, {"a"});
+    EXPECT_FALSE(form.open(1));
 }
 
 } // namespace

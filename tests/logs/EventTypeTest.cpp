@@ -7,62 +7,53 @@
 
 using namespace twk;
 
-namespace {
-int en(const char* m) {
-    return iEventType(m, LogLanguage::English);
-}
-int de(const char* m) {
-    return iEventType(m, LogLanguage::German);
-}
-} // namespace
-
-TEST(LogsEventType, EnglishPhrasesAreFoundWithoutCase) {
-    EXPECT_EQ(en("Established communication with server FS2."), 7);
-    EXPECT_EQ(en("unable to COMMUNICATE with server FS2."), 8);
-    EXPECT_EQ(en("TIME SYNCHRONIZATION HAS BEEN ESTABLISHED."), 9);
-    EXPECT_EQ(en("Intruder detection lock-out on account ADMIN"), 19);
-    EXPECT_EQ(en("Router configuration error detected"), 32);
-    EXPECT_EQ(en("Volume SYS was mounted."), 24);
-    EXPECT_EQ(en(""), 24);
-}
-
-TEST(LogsEventType, LaterHitsOverwriteEarlierOnes) {
-    // "deregistered as an NCP" holds "registered as an NCP" and comes later.
-    EXPECT_EQ(en("Service 1234 deregistered as an NCP service address"), 14);
-    EXPECT_EQ(en("Service 1234 registered as an NCP service address"), 13);
-    EXPECT_EQ(en("Local database is open, audit trail started"), 23);
-    EXPECT_EQ(en("Device deactivated during audit"), 23);
-    EXPECT_EQ(en("Bindery close after Synthetic time on partition"), 30);
-}
-
-TEST(LogsEventType, GermanPrefixAndSuffixTestsAreExact) {
-    EXPECT_EQ(de("Kommunikation mit Server FS2 wurde hergestellt"), 7);
-    EXPECT_EQ(de("Kommunikation mit Server FS2 ist nicht möglich"), 8);
-    EXPECT_EQ(de("kommunikation mit Server FS2 wurde hergestellt"), 24);
-    EXPECT_EQ(de("Fernkonsolenverbindung von 10.0.0.5 gewährt"), 15);
-    EXPECT_EQ(de("Fernkonsolenverbindung von 10.0.0.5 getrennt"), 16);
-    EXPECT_EQ(de("Fernkonsolenverbindung von 10.0.0.5 abgelehnt"), 17);
-    EXPECT_EQ(de("Fernkonsolenverbindung von 10.0.0.5 abgelehnt."), 24);
-}
-
-TEST(LogsEventType, GermanDeviceRuleNeedsTheWordAtTheStart) {
-    EXPECT_EQ(de("Gerät 0x3 wurde deaktiviert"), 20);
-    EXPECT_EQ(de("Das Gerät 0x3 wurde deaktiviert"), 24);
-    EXPECT_EQ(de("Gerät 0x3 wurde DEAKTIVIERT"), 20); // the phrase itself is case-blind
-}
-
-TEST(LogsEventType, GermanContainsTestsFoldUmlauts) {
-    EXPECT_EQ(de("ÖFFNEN DER BINDERY angefordert"), 27);
-    EXPECT_EQ(de("Schließen der Bindery angefordert"), 28);
-    EXPECT_EQ(de("Die Systemzeit wurde geändert"), 29);
-    EXPECT_EQ(de("Die Systemzeit wurde gesetzt"), 24);
-    EXPECT_EQ(de("Revision gestartet, NLS aktiv"), 22);
-    EXPECT_EQ(de("NLS meldet: Router nicht erreichbar"), 32);
-}
-
-TEST(LogsEventType, GermanHasNoPatternsForSomeTypes) {
-    EXPECT_EQ(de("registered as an NCP"), 24);
-    EXPECT_EQ(de("Synthetic time on partition"), 24);
+TEST(LogsEventType, PhrasesOfBothLanguages) {
+    constexpr LogLanguage en = LogLanguage::English, de = LogLanguage::German;
+    const struct {
+        const char* message;
+        LogLanguage language;
+        int type;
+    } cases[] = {
+        // English phrases are found without regard to case.
+        {"Established communication with server FS2.", en, 7},
+        {"unable to COMMUNICATE with server FS2.", en, 8},
+        {"TIME SYNCHRONIZATION HAS BEEN ESTABLISHED.", en, 9},
+        {"Intruder detection lock-out on account ADMIN", en, 19},
+        {"Router configuration error detected", en, 32},
+        {"Volume SYS was mounted.", en, 24},
+        {"", en, 24},
+        // Later hits overwrite earlier ones: "deregistered as an NCP" holds "registered as
+        // an NCP" and comes later.
+        {"Service 1234 deregistered as an NCP service address", en, 14},
+        {"Service 1234 registered as an NCP service address", en, 13},
+        {"Local database is open, audit trail started", en, 23},
+        {"Device deactivated during audit", en, 23},
+        {"Bindery close after Synthetic time on partition", en, 30},
+        // German prefix and suffix tests are exact.
+        {"Kommunikation mit Server FS2 wurde hergestellt", de, 7},
+        {"Kommunikation mit Server FS2 ist nicht möglich", de, 8},
+        {"kommunikation mit Server FS2 wurde hergestellt", de, 24},
+        {"Fernkonsolenverbindung von 10.0.0.5 gewährt", de, 15},
+        {"Fernkonsolenverbindung von 10.0.0.5 getrennt", de, 16},
+        {"Fernkonsolenverbindung von 10.0.0.5 abgelehnt", de, 17},
+        {"Fernkonsolenverbindung von 10.0.0.5 abgelehnt.", de, 24},
+        // The German device rule needs the word at the start; the phrase is case-blind.
+        {"Gerät 0x3 wurde deaktiviert", de, 20},
+        {"Das Gerät 0x3 wurde deaktiviert", de, 24},
+        {"Gerät 0x3 wurde DEAKTIVIERT", de, 20},
+        // German contains tests fold umlauts.
+        {"ÖFFNEN DER BINDERY angefordert", de, 27},
+        {"Schließen der Bindery angefordert", de, 28},
+        {"Die Systemzeit wurde geändert", de, 29},
+        {"Die Systemzeit wurde gesetzt", de, 24},
+        {"Revision gestartet, NLS aktiv", de, 22},
+        {"NLS meldet: Router nicht erreichbar", de, 32},
+        // German has no patterns for some types.
+        {"registered as an NCP", de, 24},
+        {"Synthetic time on partition", de, 24},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(iEventType(c.message, c.language), c.type) << c.message;
 }
 
 TEST(LogsEventType, ManyMessagesAtOnceGiveTheTypesOfOneByOne) {

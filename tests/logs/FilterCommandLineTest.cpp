@@ -1,14 +1,9 @@
 #include "logs/FilterCommandLine.h"
 
-#include "LogText.h"
+#include "LogFixture.h"
 #include "SysLogGrid.h"
-#include "TestSupport.h"
-#include "core/Engine.h"
 #include "logs/EventFilterForm.h"
 #include "logs/GridExport.h"
-#include "logs/LogPipeline.h"
-
-#include <gtest/gtest.h>
 
 #include <cstdio>
 
@@ -22,14 +17,9 @@ QString parseProblem(const QStringList& args) {
     return parseFilterArguments(args, a);
 }
 
-class FilterCommandLine : public ::testing::Test {
+class FilterCommandLine : public test::LogFixture {
 protected:
-    test::TempTree tree;
-    test::FakeUi ui;
-    NoProgress progress;
-    Engine engine{tree.paths(), ui, progress};
-
-    void load() {
+    void SetUp() override {
         const QByteArray log =
             test::lines({"SYS$LOG.ERR  FS1", ""}) +
             englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0",
@@ -40,7 +30,7 @@ protected:
             englishEntry("1-17-2003  10:01:00 am:    DS-8.99-12",
                          "Severity = 3  Locus = 19  Class = 19",
                          {"Synchronization failed, error: -625"});
-        ASSERT_TRUE(LoadLogFile(engine, views::kSysLogErr, tree.write("SYS$LOG.ERR", log)));
+        ASSERT_TRUE(load(views::kSysLogErr, log));
     }
 
     // Runs the command's steps: parse, load, set the dialog, filter. False when refused.
@@ -110,7 +100,6 @@ TEST(FilterArgumentsParsing, SaysWhatIsWrong) {
 }
 
 TEST_F(FilterCommandLine, PrintsTheVisibleRowsInTheShowFormat) {
-    load();
     ASSERT_TRUE(run({"--message", "ERROR"}));
     EXPECT_EQ(json(), "{\"view\":\"SYS$LOG.ERR\",\"rows\":[\n"
                       "[3,\"1-17-2003\",\"10:01:00 am\",\"Critical\",\"Domain\",\"General "
@@ -121,7 +110,6 @@ TEST_F(FilterCommandLine, PrintsTheVisibleRowsInTheShowFormat) {
 }
 
 TEST_F(FilterCommandLine, SetsTheControlsAsAUserWould) {
-    load();
     FilterArguments a;
     ASSERT_EQ(parseFilterArguments({"--only", "warning,critical", "--hide", "critical", "--source",
                                     "os information", "--event-type", "rc-etab", "--from",
@@ -148,7 +136,6 @@ TEST_F(FilterCommandLine, SetsTheControlsAsAUserWould) {
 }
 
 TEST_F(FilterCommandLine, NamesOutsideTheListsAreRefused) {
-    load();
     QString problem;
     EXPECT_FALSE(run({"--category", "Nonsense"}, &problem));
     EXPECT_TRUE(problem.startsWith("unknown category \"Nonsense\"; one of: Class Unknown, "));
@@ -159,15 +146,17 @@ TEST_F(FilterCommandLine, NamesOutsideTheListsAreRefused) {
 }
 
 TEST_F(FilterCommandLine, BadCriteriaGiveTheFiltersOwnMessage) {
-    load();
     EXPECT_FALSE(run({}));
     EXPECT_FALSE(run({"--from", "2003-01-18"}));
     EXPECT_FALSE(run({"--from", "1-17-2003", "--to", "1-16-2003"}));
-    ASSERT_EQ(ui.messages.size(), 3u);
-    EXPECT_EQ(ui.messages[0].text, "Please set a filter option     \r\nto continue.");
-    EXPECT_EQ(ui.messages[1].text, "Invalid start date!\r\nThe valid date range is from     \r\n"
-                                   "1-15-2003 to 1-17-2003.");
-    EXPECT_EQ(ui.messages[2].text, "Invalid date logic!\r\n17 Jan 2003 to 16 Jan 2003.     ");
+    EXPECT_EQ(ui.messages,
+              (std::vector{test::box("Please set a filter option     \r\nto continue.",
+                                     MsgIcon::Information),
+                           test::box("Invalid start date!\r\nThe valid date range is from     "
+                                     "\r\n1-15-2003 to 1-17-2003.",
+                                     MsgIcon::Exclamation),
+                           test::box("Invalid date logic!\r\n17 Jan 2003 to 16 Jan 2003.     ",
+                                     MsgIcon::Exclamation)}));
     EXPECT_EQ(test::visibleEvents(engine).size(), 3u);
 }
 

@@ -1,22 +1,15 @@
 #include "logs/FindForm.h"
 
+#include "LogFixture.h"
 #include "SysLogGrid.h"
-#include "TestSupport.h"
-#include "core/Engine.h"
 #include "logs/EventFilterForm.h"
-
-#include <gtest/gtest.h>
 
 using namespace twk;
 
 namespace {
 
-class Find : public ::testing::Test {
+class Find : public test::LogFixture {
 protected:
-    test::TempTree tree;
-    test::FakeUi ui;
-    NoProgress progress;
-    Engine engine{tree.paths(), ui, progress};
     FrmFind form{engine};
     std::vector<int> opened; // rows the event properties were opened on
     int closedProperties = 0;
@@ -107,17 +100,14 @@ TEST_F(Find, WalksUpFromTheBottomAndWaitsAtEachHit) {
     EXPECT_FALSE(form.txtString.greyBackground);
     EXPECT_EQ(form.hits(), 3);
     EXPECT_EQ(opened, (std::vector<int>{5, 3, 2}));
-    EXPECT_TRUE(ui.messages.empty());
-}
 
-TEST_F(Find, NoHitEndsQuietly) {
-    fillSample();
+    // No hit ends quietly.
     search("nowhere");
     EXPECT_EQ(form.state(), FrmFind::State::Idle);
     EXPECT_EQ(form.lbRecord(), " search completed... ");
     EXPECT_EQ(form.hits(), 0);
+    EXPECT_EQ(opened.size(), 3u);
     EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(opened.empty());
 }
 
 TEST_F(Find, SkipsHiddenRowsOfAFilteredSysLogView) {
@@ -176,10 +166,12 @@ TEST_F(Find, AbendLogNamesTheAbendOfTheHit) {
     EXPECT_EQ(engine.view.cbAbendLog.ListIndex, 0);
 }
 
-TEST_F(Find, ClosingDuringAWaitEndsTheSearch) {
+TEST_F(Find, StartIsIgnoredWhileASearchWaitsAndClosingEndsTheSearch) {
     fillSample();
     search("disk");
+    form.cmdFind_Click();
     ASSERT_EQ(form.hitRow(), 5);
+    EXPECT_EQ(form.hits(), 1);
     form.Form_Unload();
     EXPECT_TRUE(form.closed);
     EXPECT_EQ(closedProperties, 2);
@@ -197,14 +189,6 @@ TEST_F(Find, AnotherLogLoadedDuringAWaitEndsTheWalkSafely) {
     form.cmdNext_Click();
     EXPECT_EQ(form.state(), FrmFind::State::Idle);
     EXPECT_EQ(form.lbRecord(), " search completed... ");
-    EXPECT_EQ(form.hits(), 1);
-}
-
-TEST_F(Find, StartIsIgnoredWhileASearchWaits) {
-    fillSample();
-    search("disk");
-    form.cmdFind_Click();
-    EXPECT_EQ(form.hitRow(), 5);
     EXPECT_EQ(form.hits(), 1);
 }
 

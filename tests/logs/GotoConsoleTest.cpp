@@ -1,29 +1,34 @@
 #include "logs/GotoConsole.h"
 
-#include "LineLogText.h"
+#include "LogFixture.h"
 #include "logs/ConsoleLog.h"
 #include "logs/MarkColors.h"
 
 #include <QtCore/qnamespace.h>
 
+#include <utility>
+
 using namespace twk;
 using twk::test::consoleSession;
-using twk::test::crlfLines;
+using twk::test::lines;
 
 namespace {
 
-class Navigator : public test::LineLogFixture {
+class Navigator : public test::LogFixture {
 protected:
     std::unique_ptr<GotoConsoleModel> open(const QByteArray& bytes) {
         EXPECT_TRUE(load(views::kConsoleLog, bytes));
         return mnuAnalyzer_Click(engine);
+    }
+    std::unique_ptr<GotoConsoleModel> openTwoSessions() {
+        return open(consoleSession("FS1", "11-15-2005") + consoleSession("FS1", "11-16-2005"));
     }
     int selected() const { return engine.Grid1.SelectedRow(); }
 };
 
 } // namespace
 
-TEST_F(Navigator, OpensOnErrorsAndWarnings) {
+TEST_F(Navigator, OpensOnErrorsAndWarningsAndMovesStopAtBothEnds) {
     auto nav = open(consoleSession("FS1", "11-15-2005"));
     ASSERT_NE(nav, nullptr);
     EXPECT_EQ(nav->lbRange.caption, QStringLiteral("valid range -> 1 - 10"));
@@ -44,10 +49,7 @@ TEST_F(Navigator, OpensOnErrorsAndWarnings) {
     EXPECT_EQ(nav->lbEventMessage.toolTip, QStringLiteral(" WARNING: cache memory is low "));
     EXPECT_EQ(nav->lbEventMessage.foreColor, kMarkRed);
     EXPECT_EQ(pane(1), QStringLiteral("9/10"));
-}
 
-TEST_F(Navigator, MovesStopAtBothEnds) {
-    auto nav = open(consoleSession("FS1", "11-15-2005"));
     nav->GotoNextEvent();
     EXPECT_EQ(selected(), 10);
     EXPECT_EQ(nav->countLabels[kErrorMessages].caption, QStringLiteral(" 2/2"));
@@ -67,7 +69,7 @@ TEST_F(Navigator, MovesStopAtBothEnds) {
 }
 
 TEST_F(Navigator, SelectingAKindStartsAtItsFirstEvent) {
-    auto nav = open(consoleSession("FS1", "11-15-2005") + consoleSession("FS1", "11-16-2005"));
+    auto nav = openTwoSessions();
     nav->SelectEvent(kDateEntries);
     EXPECT_EQ(nav->EventType(), kDateEntries);
     EXPECT_EQ(selected(), 1);
@@ -83,7 +85,7 @@ TEST_F(Navigator, SelectingAKindStartsAtItsFirstEvent) {
 }
 
 TEST_F(Navigator, OnlyTheFirstEventRepaintsASharedRow) {
-    auto nav = open(crlfLines(
+    auto nav = open(lines(
         {"Error loading module BAD.NLM", "Loading module GOOD.NLM", "Error: volume VOL1 is full"}));
     EXPECT_EQ(colour(1, 2), kMarkRed);
     nav->SelectEvent(kNlmLoads); // row 1 is the first NLM load: it turns blue
@@ -99,7 +101,7 @@ TEST_F(Navigator, OnlyTheFirstEventRepaintsASharedRow) {
 }
 
 TEST_F(Navigator, AnEmptyListLeavesTheSelectionAlone) {
-    auto nav = open(crlfLines({"Loading module A.NLM", "nothing", "Loading module B.NLM"}));
+    auto nav = open(lines({"Loading module A.NLM", "nothing", "Loading module B.NLM"}));
     EXPECT_EQ(nav->countLabels[kErrorMessages].caption, QStringLiteral(" 0/0"));
     EXPECT_EQ(selected(), 3); // the load left the last row selected
     for (auto move : {&GotoConsoleModel::GotoFirstEvent, &GotoConsoleModel::GotoNextEvent,
@@ -123,30 +125,30 @@ TEST_F(Navigator, KindsAreToldByTheLabelsAlone) {
 }
 
 TEST_F(Navigator, FunctionKeysChooseAndMove) {
-    auto nav = open(consoleSession("FS1", "11-15-2005") + consoleSession("FS1", "11-16-2005"));
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F9));
+    auto nav = openTwoSessions();
+    // F9 chooses the NLM loads; F7, F8, F6 and F5 move: next, last, previous, first.
+    for (const auto& [key, row] : {std::pair{Qt::Key_F9, 4},
+                                   {Qt::Key_F7, 10},
+                                   {Qt::Key_F8, 20},
+                                   {Qt::Key_F6, 14},
+                                   {Qt::Key_F5, 4}}) {
+        EXPECT_TRUE(nav->keyDown(key)) << "F" << key - Qt::Key_F1 + 1;
+        EXPECT_EQ(selected(), row) << "F" << key - Qt::Key_F1 + 1;
+    }
     EXPECT_EQ(nav->EventType(), kNlmLoads);
-    EXPECT_EQ(selected(), 4);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F7));
-    EXPECT_EQ(selected(), 10);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F8));
-    EXPECT_EQ(selected(), 20);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F6));
-    EXPECT_EQ(selected(), 14);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F5));
-    EXPECT_EQ(selected(), 4);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F10)); // used up: the main menu does not open
-    EXPECT_EQ(nav->EventType(), kNlmUnloads);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F12));
-    EXPECT_EQ(nav->EventType(), kDateEntries);
-    EXPECT_TRUE(nav->keyDown(Qt::Key_F11));
-    EXPECT_EQ(nav->EventType(), kErrorMessages);
+    // F10 is used up here: the main menu does not open.
+    for (const auto& [key, kind] : {std::pair{Qt::Key_F10, kNlmUnloads},
+                                    {Qt::Key_F12, kDateEntries},
+                                    {Qt::Key_F11, kErrorMessages}}) {
+        EXPECT_TRUE(nav->keyDown(key)) << "F" << key - Qt::Key_F1 + 1;
+        EXPECT_EQ(nav->EventType(), kind) << "F" << key - Qt::Key_F1 + 1;
+    }
     EXPECT_TRUE(nav->keyDown(Qt::Key_F1));
     EXPECT_EQ(nav->helpPageWanted, QStringLiteral("_console.log/canalyzer.htm"));
     EXPECT_FALSE(nav->keyDown(Qt::Key_F2));
 }
 
-TEST_F(Navigator, TypedDigitsJumpToARow) {
+TEST_F(Navigator, TypedDigitsJumpToARowInsideTheRange) {
     auto nav = open(consoleSession("FS1", "11-15-2005"));
     for (QChar c : QStringLiteral("x7a"))
         nav->keyPress(c);
@@ -155,23 +157,11 @@ TEST_F(Navigator, TypedDigitsJumpToARow) {
     EXPECT_EQ(nav->txtbRow, QString());
     nav->keyPress(QLatin1Char('\r')); // empty: nothing
     EXPECT_TRUE(ui.messages.empty());
-    nav->keyPress(QLatin1Char('7'));
-    nav->keyPress(QLatin1Char('\r'));
-    EXPECT_EQ(selected(), 7);
-    EXPECT_EQ(pane(1), QStringLiteral("7/10"));
-    EXPECT_EQ(nav->txtbRow, QString());
-    EXPECT_TRUE(ui.messages.empty());
-    nav->keyPress(QChar(27));
-    EXPECT_TRUE(nav->closed);
-}
-
-TEST_F(Navigator, RowsOutsideTheRangeAreInvalid) {
-    auto nav = open(consoleSession("FS1", "11-15-2005"));
-    const int before = selected();
+    EXPECT_EQ(selected(), 9);
     for (const char* typed : {"0", "11", "00"}) {
         nav->txtbRow = QString::fromLatin1(typed);
         nav->cmdGoto_Click();
-        EXPECT_EQ(selected(), before) << typed;
+        EXPECT_EQ(selected(), 9) << typed;
     }
     ASSERT_EQ(ui.messages.size(), 3u);
     EXPECT_EQ(ui.messages[0].text, QStringLiteral("Invalid Value!"));
@@ -180,9 +170,18 @@ TEST_F(Navigator, RowsOutsideTheRangeAreInvalid) {
     EXPECT_TRUE(nav->txtbRowFocusWanted);
     EXPECT_EQ(nav->txtbRow, QStringLiteral("00"));
 
+    nav->txtbRow.clear();
+    nav->keyPress(QLatin1Char('7'));
+    nav->keyPress(QLatin1Char('\r'));
+    EXPECT_EQ(selected(), 7);
+    EXPECT_EQ(pane(1), QStringLiteral("7/10"));
+    EXPECT_EQ(nav->txtbRow, QString());
     nav->txtbRow = QStringLiteral("10");
     nav->cmdGoto_Click();
     EXPECT_EQ(selected(), 10);
+    EXPECT_EQ(ui.messages.size(), 3u);
+    nav->keyPress(QChar(27));
+    EXPECT_TRUE(nav->closed);
 }
 
 TEST_F(Navigator, ActsOnlyInTheConsoleView) {

@@ -1,22 +1,16 @@
 #include "logs/GotoForm.h"
 
+#include "LogFixture.h"
 #include "SysLogGrid.h"
-#include "TestSupport.h"
-#include "core/Engine.h"
 #include "logs/GridViews.h"
 
-#include <gtest/gtest.h>
-
 using namespace twk;
+using test::box;
 
 namespace {
 
-class Goto : public ::testing::Test {
+class Goto : public test::LogFixture {
 protected:
-    test::TempTree tree;
-    test::FakeUi ui;
-    NoProgress progress;
-    Engine engine{tree.paths(), ui, progress};
     FrmGoto form{engine};
 
     // Events 1..6 over three days; row 1 holds event 6 (descending).
@@ -65,10 +59,14 @@ TEST_F(Goto, PreparesBothModesInTheSysLogView) {
     ASSERT_TRUE(byPane.mnuGoto_Click(GotoOpening::EventNumber));
     EXPECT_EQ(byPane.caption, " Goto Event Number...");
     EXPECT_EQ(byPane.focus, "txtEvent");
+    byPane.cmdCancel_Click();
+    EXPECT_TRUE(byPane.closed);
+    EXPECT_EQ(engine.Grid1.SelectedRow(), 1);
 }
 
-TEST_F(Goto, CronlogTakesNumbersOnlyAndOtherViewsNothing) {
+TEST_F(Goto, CronlogTakesNumbersOnlyEvenOfHiddenRowsAndOtherViewsNothing) {
     test::fillLineView(engine, views::kCronlog, {"a", "b", "c"});
+    engine.Grid1.setRowVisible(2, false);
     engine.view.pane(LastEntry).text = "first";
     engine.view.pane(FirstEntry).text = "last";
     ASSERT_TRUE(form.mnuGoto_Click());
@@ -78,6 +76,10 @@ TEST_F(Goto, CronlogTakesNumbersOnlyAndOtherViewsNothing) {
     EXPECT_EQ(form.focus, "txtEvent");
     form.txtDate_GotFocus(); // a disabled field takes no focus
     EXPECT_EQ(form.focus, "txtEvent");
+    gotoNumber("2");
+    EXPECT_EQ(engine.Grid1.SelectedRow(), 2);
+    EXPECT_EQ(engine.view.pane(EntryPos).text, "2/3");
+    EXPECT_TRUE(form.closed);
 
     FrmGoto other(engine);
     test::fillLineView(engine, views::kConsoleLog, {"a"});
@@ -116,12 +118,7 @@ TEST_F(Goto, NumbersOutsideTheRangeAreInvalid) {
         EXPECT_FALSE(form.closed) << bad;
         EXPECT_EQ(form.focus, "txtEvent") << bad;
     }
-    ASSERT_EQ(ui.messages.size(), 4u);
-    for (const auto& m : ui.messages) {
-        EXPECT_EQ(m.text, "Invalid Value!");
-        EXPECT_EQ(m.icon, MsgIcon::Exclamation);
-        EXPECT_EQ(m.title, " Tarnwick");
-    }
+    EXPECT_EQ(ui.messages, std::vector(4, box("Invalid Value!", MsgIcon::Exclamation)));
 }
 
 TEST_F(Goto, AHiddenEventIsNotTheTargetAndTheTotalStaysTheTotal) {
@@ -132,10 +129,9 @@ TEST_F(Goto, AHiddenEventIsNotTheTargetAndTheTotalStaysTheTotal) {
     ASSERT_TRUE(form.mnuGoto_Click());
     EXPECT_EQ(form.lbEventRange.text, "1 - 6");
     gotoNumber("3");
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text,
-              "Event 3 is not visible,\r\nthe view is currently filtered.     ");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Information);
+    EXPECT_EQ(ui.messages, std::vector{box("Event 3 is not visible,\r\nthe view is currently "
+                                           "filtered.     ",
+                                           MsgIcon::Information)});
     EXPECT_EQ(form.txtEvent.text, "");
     EXPECT_FALSE(form.closed);
     gotoNumber("6");
@@ -144,48 +140,25 @@ TEST_F(Goto, AHiddenEventIsNotTheTargetAndTheTotalStaysTheTotal) {
     EXPECT_TRUE(form.closed);
 }
 
-TEST_F(Goto, DateGoesToTheFirstVisibleRowOfThatDate) {
+TEST_F(Goto, DateGoesToTheFirstVisibleRowOfThatDateOrSaysWhyNot) {
     fillSample();
     ASSERT_TRUE(form.mnuGoto_Click());
+    gotoDate("1-15");
+    gotoDate("1-15-2004");
+    gotoDate("01-15-2003"); // compared as text: no such text in the log
+    EXPECT_EQ(ui.messages,
+              (std::vector{box("Invalid Value!", MsgIcon::Exclamation),
+                           box("Date \"1-15-2004\" was not found!     ", MsgIcon::Exclamation),
+                           box("Date \"01-15-2003\" was not found!     ", MsgIcon::Exclamation)}));
+    EXPECT_EQ(form.focus, "txtDate");
+    EXPECT_FALSE(form.closed);
+
     engine.Grid1.setRowVisible(3, false); // event 4, the first 1-15-2003 in row order
     gotoDate("1-15-2003");
     EXPECT_EQ(engine.Grid1.SelectedRow(), 4);
     EXPECT_EQ(engine.view.pane(EntryPos).text, "3/6");
     EXPECT_TRUE(form.closed);
     EXPECT_EQ(form.txtDate.text, "");
-}
-
-TEST_F(Goto, DateMessages) {
-    fillSample();
-    ASSERT_TRUE(form.mnuGoto_Click());
-    gotoDate("1-15");
-    gotoDate("1-15-2004");
-    gotoDate("01-15-2003"); // compared as text: no such text in the log
-    ASSERT_EQ(ui.messages.size(), 3u);
-    EXPECT_EQ(ui.messages[0].text, "Invalid Value!");
-    EXPECT_EQ(ui.messages[1].text, "Date \"1-15-2004\" was not found!     ");
-    EXPECT_EQ(ui.messages[1].icon, MsgIcon::Exclamation);
-    EXPECT_EQ(ui.messages[2].text, "Date \"01-15-2003\" was not found!     ");
-    EXPECT_EQ(form.focus, "txtDate");
-    EXPECT_FALSE(form.closed);
-}
-
-TEST_F(Goto, CronlogNumberSelectsEvenAHiddenRow) {
-    test::fillLineView(engine, views::kCronlog, {"a", "b", "c"});
-    engine.Grid1.setRowVisible(2, false);
-    ASSERT_TRUE(form.mnuGoto_Click());
-    gotoNumber("2");
-    EXPECT_EQ(engine.Grid1.SelectedRow(), 2);
-    EXPECT_EQ(engine.view.pane(EntryPos).text, "2/3");
-    EXPECT_TRUE(form.closed);
-}
-
-TEST_F(Goto, CancelCloses) {
-    fillSample();
-    ASSERT_TRUE(form.mnuGoto_Click());
-    form.cmdCancel_Click();
-    EXPECT_TRUE(form.closed);
-    EXPECT_EQ(engine.Grid1.SelectedRow(), 1);
 }
 
 class EntryJumps : public Goto {};
@@ -208,10 +181,9 @@ TEST_F(EntryJumps, AHiddenEndGivesAMessageAndKeepsTheSelection) {
     engine.Grid1.setRowVisible(6, false); // event 1
     engine.Grid1.setSelectedRow(3);
     JumpToEntry(engine, EntryEnd::First);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text,
-              "The first event is not visible,     \r\nthe view is currently filtered.");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Information);
+    EXPECT_EQ(ui.messages, std::vector{box("The first event is not visible,     \r\nthe view is "
+                                           "currently filtered.",
+                                           MsgIcon::Information)});
     EXPECT_EQ(engine.Grid1.SelectedRow(), 3);
 }
 

@@ -1,22 +1,14 @@
 #include "logs/Grid.h"
 
-#include "TestSupport.h"
-#include "core/Engine.h"
+#include "LogFixture.h"
 #include "logs/GridViews.h"
-
-#include <gtest/gtest.h>
 
 using namespace twk;
 
 namespace {
 
-class GridSort : public ::testing::Test {
+class GridSort : public test::LogFixture {
 protected:
-    test::TempTree tree;
-    test::FakeUi ui;
-    NoProgress progress;
-    Engine engine{tree.paths(), ui, progress};
-
     // Rows in file order: event 1 is the oldest and stands last.
     void fill(const std::vector<std::pair<const char*, const char*>>& stateAndMessage) {
         CreateNewTable(engine, views::kSysLogErr);
@@ -38,6 +30,12 @@ protected:
         std::vector<std::string> out;
         for (int r = 1; r <= engine.Grid1.Rows(); ++r)
             out.emplace_back(engine.Grid1.CellText(r, col));
+        return out;
+    }
+    std::vector<int> icons() {
+        std::vector<int> out;
+        for (int r = 1; r <= engine.Grid1.Rows(); ++r)
+            out.push_back(engine.Grid1.CellIcon(r, 1));
         return out;
     }
 };
@@ -71,23 +69,17 @@ TEST_F(GridSort, DateClickSortsByEventNumberAndTimeClickDoesNothing) {
     EXPECT_EQ(engine.Grid1.column(2).tag, "");
 }
 
-TEST_F(GridSort, EventNumbersSortAsNumbersNotTexts) {
-    std::vector<std::pair<const char*, const char*>> rows(12, {"s", "m"});
-    fill(rows);
+TEST_F(GridSort, EventNumbersSortAsNumbersAndIconsByImage) {
+    fill(std::vector<std::pair<const char*, const char*>>(12, {"s", "m"}));
     Grid1_ColumnClick(engine, 7);
     Grid1_ColumnClick(engine, 7);
     EXPECT_EQ(column(7).front(), "1");
     EXPECT_EQ(column(7)[9], "10");
     EXPECT_EQ(column(7).back(), "12");
-}
 
-TEST_F(GridSort, IconColumnsSortByImage) {
     fill({{"a", "x"}, {"b", "y"}, {"c", "z"}, {"d", "w"}});
     Grid1_ColumnClick(engine, 1);
-    std::vector<int> icons;
-    for (int r = 1; r <= 4; ++r)
-        icons.push_back(engine.Grid1.CellIcon(r, 1));
-    EXPECT_EQ(icons, (std::vector<int>{2, 1, 0, 0}));
+    EXPECT_EQ(icons(), (std::vector<int>{2, 1, 0, 0}));
 }
 
 TEST_F(GridSort, FilteredViewSelectsTheFirstVisibleRow) {
@@ -154,11 +146,7 @@ TEST(LogsGrid, StringPoolSharesInternedTextsAndHoldsLongOnes) {
     EXPECT_EQ(pool.view(a), "Warning");
 }
 
-TEST(LogsGrid, ColumnsOfTheLogViews) {
-    test::TempTree tree;
-    test::FakeUi ui;
-    NoProgress progress;
-    Engine engine{tree.paths(), ui, progress};
+TEST_F(GridSort, ColumnsOfTheLogViews) {
     CreateNewTable(engine, views::kSysLogErr);
     const Grid& g = engine.Grid1;
     ASSERT_EQ(g.Cols(), 10);

@@ -1,7 +1,6 @@
 #include "logs/SavedLogfile.h"
 
-#include "LineLogText.h"
-#include "LogText.h"
+#include "LogFixture.h"
 #include "logs/AbendLog.h"
 #include "logs/FilterCronlog.h"
 #include "logs/LogReload.h"
@@ -13,9 +12,9 @@
 using namespace twk;
 using twk::test::abendReport;
 using twk::test::consoleSession;
-using twk::test::crlfLines;
 using twk::test::cronSample;
 using twk::test::englishEntry;
+using twk::test::lines;
 
 namespace {
 
@@ -64,19 +63,31 @@ std::vector<std::vector<int>> consoleLists(const Engine& engine) {
     return lists;
 }
 
-class SavedLogfiles : public test::LineLogFixture {
+class SavedLogfiles : public test::LogFixture {
 protected:
     test::FakeUi otherUi;
     test::RecordingProgress otherProgress;
     Engine other{tree.paths(), otherUi, otherProgress};
 
     void setServer(const char* name) { engine.view.cbServer.resetTo(QString::fromLatin1(name)); }
+    // Loads a log of `kind` from server FS1 and saves it as view.twk; gives the bytes saved.
+    QByteArray loadAndSave(const QString& kind, const QByteArray& log) {
+        setServer("FS1");
+        EXPECT_TRUE(load(kind, log));
+        save();
+        return tree.read(QStringLiteral("view.twk"));
+    }
+    QString viewPath() const { return tree.path(QStringLiteral("view.twk")); }
     QString save(const QString& name = QStringLiteral("view.twk")) {
         const QString path = tree.path(name);
         EXPECT_TRUE(SaveLogfile(engine, path));
         return path;
     }
-    SavedLoadResult open(Engine& into, const QString& path) { return LoadSavedLogfile(into, path); }
+    // Opens a saved file in the second engine; openWritten writes it by hand first.
+    SavedLoadResult open(const QString& path) { return LoadSavedLogfile(other, path); }
+    SavedLoadResult openWritten(const QByteArray& bytes) {
+        return open(write(QStringLiteral("written.twk"), bytes));
+    }
 
     QByteArray sysLog() {
         return englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0",
@@ -90,10 +101,8 @@ protected:
 } // namespace
 
 TEST_F(SavedLogfiles, ConsoleLogComesBackWithItsMarksAndLists) {
-    setServer("FS1");
-    ASSERT_TRUE(load(views::kConsoleLog, consoleSession("FS1", "11-15-2005")));
-    const QString path = save();
-    const QByteArray bytes = tree.read(QStringLiteral("view.twk"));
+    const QByteArray bytes = loadAndSave(views::kConsoleLog, consoleSession("FS1", "11-15-2005"));
+    const QString path = viewPath();
     EXPECT_TRUE(
         bytes.startsWith("CONSOLE.LOG\r\nFS1\r\n10\r\nfirst entry\r\nlast entry\r\n0.3 KB\r\n"
                          "1\r\n11-15-2005 10:02:41 am:    SERVER-5.70-1534 [nmID=B0013]\r\n"
@@ -101,13 +110,12 @@ TEST_F(SavedLogfiles, ConsoleLogComesBackWithItsMarksAndLists) {
     EXPECT_TRUE(bytes.endsWith("10\r\nError loading module BADMOD.NLM\r\n"));
     EXPECT_EQ(bytes.count("\r\n"), 6 + 2 * 10);
 
-    ASSERT_EQ(open(other, path), SavedLoadResult::Loaded);
+    ASSERT_EQ(open(path), SavedLoadResult::Loaded);
     EXPECT_EQ(look(other), look(engine));
     EXPECT_EQ(consoleLists(other), consoleLists(engine));
     const MainView& v = other.view;
     EXPECT_EQ(v.CurrentView, views::kConsoleLog);
-    EXPECT_EQ(v.pane(1).text, QStringLiteral("10/10"));
-    EXPECT_EQ(v.pane(4).text, QStringLiteral("0.3 KB"));
+    EXPECT_EQ(test::panes(other, {1, 4}), (QStringList{"10/10", "0.3 KB"}));
     EXPECT_EQ(other.Grid1.SelectedRow(), 10);
     EXPECT_TRUE(v.menuVisible(QStringLiteral("mnuAnalyzer")));
     EXPECT_FALSE(v.menuVisible(QStringLiteral("mnuGoto")));
@@ -134,7 +142,7 @@ TEST_F(SavedLogfiles, AFilteredCronViewIsSavedWholeAndOpensUnfiltered) {
     EXPECT_TRUE(bytes.contains("\r\n36\r\n4\r\nJob failed"));
     EXPECT_EQ(bytes.count("\r\n"), 6 + 3 * 8);
 
-    ASSERT_EQ(open(other, path), SavedLoadResult::Loaded);
+    ASSERT_EQ(open(path), SavedLoadResult::Loaded);
     EXPECT_EQ(other.Grid1.Rows(), 8);
     EXPECT_EQ(other.Grid1.visibleRowCount(), 8);
     EXPECT_EQ(other.view.pane(1).icon, QStringLiteral("imgFile"));
@@ -147,32 +155,27 @@ TEST_F(SavedLogfiles, AFilteredCronViewIsSavedWholeAndOpensUnfiltered) {
 }
 
 TEST_F(SavedLogfiles, AbendLogComesBackAtItsFirstAbend) {
-    setServer("FS1");
-    ASSERT_TRUE(load(views::kAbendLog,
-                     abendReport("FS1", "Wednesday, January 15, 2003   2:30:45.123 pm", 1) +
-                         abendReport("FS1", "Thursday, June 5, 2003   9:01:02.000 am", 2)));
-    const QString path = save();
-    EXPECT_EQ(tree.read(QStringLiteral("view.twk")).count("\r\n"), 6 + 28);
-    ASSERT_EQ(open(other, path), SavedLoadResult::Loaded);
+    EXPECT_EQ(loadAndSave(views::kAbendLog,
+                          abendReport("FS1", "Wednesday, January 15, 2003   2:30:45.123 pm", 1) +
+                              abendReport("FS1", "Thursday, June 5, 2003   9:01:02.000 am", 2))
+                  .count("\r\n"),
+              6 + 28);
+    ASSERT_EQ(open(viewPath()), SavedLoadResult::Loaded);
     EXPECT_EQ(look(other), look(engine));
     const MainView& v = other.view;
     // A saved log keeps the long month names in the list.
     EXPECT_EQ(v.cbAbendLog.items.first(), QStringLiteral(" January 15, 2003   2:30:45.123 pm "));
     EXPECT_EQ(v.cbAbendLog.ListIndex, 0);
-    EXPECT_EQ(v.pane(1).text, QStringLiteral("1/2"));
-    EXPECT_EQ(v.pane(2).text, QStringLiteral("Jan. 15, 2003"));
-    EXPECT_EQ(v.pane(3).text, QStringLiteral("Jun. 5, 2003"));
-    EXPECT_EQ(v.pane(5).text, QStringLiteral("2 ABEND's found!"));
+    EXPECT_EQ(test::panes(other, {1, 2, 3, 5}),
+              (QStringList{"1/2", "Jan. 15, 2003", "Jun. 5, 2003", "2 ABEND's found!"}));
     EXPECT_EQ(other.analysis.gridFocus.firstRow, 3);
     EXPECT_EQ(other.analysis.gridFocus.topRow, 2);
     EXPECT_EQ(AbendOfRow(other, 20), 2);
 }
 
 TEST_F(SavedLogfiles, SysLogErrKeepsTrimmedCellsAndSavesAgainTheSame) {
-    setServer("FS1");
-    ASSERT_TRUE(load(views::kSysLogErr, sysLog()));
-    const QString path = save();
-    const QByteArray bytes = tree.read(QStringLiteral("view.twk"));
+    const QByteArray bytes = loadAndSave(views::kSysLogErr, sysLog());
+    const QString path = viewPath();
     EXPECT_TRUE(bytes.startsWith("SYS$LOG.ERR\r\nFS1\r\n2\r\n1-15-2003\r\n1-16-2003\r\n"));
     EXPECT_EQ(bytes.count("\r\n"), 6 + 10 * 2);
     // Row 1, the newest entry: status icon 4 kept as 5, the error number trimmed.
@@ -180,7 +183,7 @@ TEST_F(SavedLogfiles, SysLogErrKeepsTrimmedCellsAndSavesAgainTheSame) {
     EXPECT_TRUE(bytes.contains(
         "\r\nDS-8.99-12\r\nRemote console connection granted for 10.0.0.5  |  second line\r\n"));
 
-    ASSERT_EQ(open(other, path), SavedLoadResult::Loaded);
+    ASSERT_EQ(open(path), SavedLoadResult::Loaded);
     const Grid& g = other.Grid1;
     ASSERT_EQ(g.Rows(), 2);
     EXPECT_EQ(g.CellIcon(1, 1), 4);
@@ -189,9 +192,7 @@ TEST_F(SavedLogfiles, SysLogErrKeepsTrimmedCellsAndSavesAgainTheSame) {
     EXPECT_EQ(engine.Grid1.CellText(1, 9).substr(0, 5), "   DS"); // the live cell is not trimmed
     EXPECT_EQ(g.CellText(2, 7), "1");
     const MainView& v = other.view;
-    EXPECT_EQ(v.pane(1).text, QStringLiteral("1/2"));
-    EXPECT_EQ(v.pane(2).text, QStringLiteral("1-16-2003"));
-    EXPECT_EQ(v.pane(3).text, QStringLiteral("1-15-2003"));
+    EXPECT_EQ(test::panes(other, {1, 2, 3}), (QStringList{"1/2", "1-16-2003", "1-15-2003"}));
     EXPECT_EQ(g.SelectedRow(), 1);
     EXPECT_TRUE(v.menuVisible(QStringLiteral("mnuStatusIcons")));
 
@@ -200,13 +201,12 @@ TEST_F(SavedLogfiles, SysLogErrKeepsTrimmedCellsAndSavesAgainTheSame) {
     EXPECT_EQ(tree.read(QStringLiteral("again.twk")), bytes);
 }
 
-TEST_F(SavedLogfiles, AFileEndingInsideAGroupLeavesTheRestEmpty) {
-    const QString path =
-        write(QStringLiteral("cut.twk"),
-              crlfLines({"SYS$LOG.ERR", "FS1", "2", "1-1-2003", "1-2-2003", "1 KB", "1", "1-2-2003",
-                         "10:00:00 am", "Informational", "Server", "Server", "2", "25", "ERR-1",
-                         "second entry", "3", "1-1-2003", "09:00:00"}));
-    ASSERT_EQ(open(other, path), SavedLoadResult::Loaded);
+TEST_F(SavedLogfiles, DamagedFilesNeitherLoseNorInventRows) {
+    // A file ending inside a group leaves the rest of the row empty.
+    ASSERT_EQ(openWritten(lines({"SYS$LOG.ERR", "FS1", "2", "1-1-2003", "1-2-2003", "1 KB", "1",
+                                 "1-2-2003", "10:00:00 am", "Informational", "Server", "Server",
+                                 "2", "25", "ERR-1", "second entry", "3", "1-1-2003", "09:00:00"})),
+              SavedLoadResult::Loaded);
     const Grid& g = other.Grid1;
     ASSERT_EQ(g.Rows(), 2);
     EXPECT_EQ(g.CellText(1, 10), "second entry");
@@ -216,29 +216,40 @@ TEST_F(SavedLogfiles, AFileEndingInsideAGroupLeavesTheRestEmpty) {
     EXPECT_EQ(g.CellText(2, 4), "");
     EXPECT_EQ(g.CellIcon(2, 8), kNoIcon);
     EXPECT_EQ(g.CellText(2, 10), "");
-}
 
-TEST_F(SavedLogfiles, RowCountsOfADamagedHeaderDoNotLoseOrInventRows) {
-    QByteArray many = crlfLines({"CRONLOG", "FS1", "1", "first entry", "last entry", "1 KB"});
+    // Row counts of a damaged header: too small, huge, negative.
+    QByteArray many = lines({"CRONLOG", "FS1", "1", "first entry", "last entry", "1 KB"});
     for (int i = 1; i <= 3; ++i)
         many += "35\r\n" + QByteArray::number(i) + "\r\nline\r\n";
-    ASSERT_EQ(open(other, write(QStringLiteral("few.twk"), many)), SavedLoadResult::Loaded);
-    EXPECT_EQ(other.Grid1.Rows(), 3);
-    EXPECT_EQ(other.Grid1.CellText(3, 2), "3");
-
+    ASSERT_EQ(openWritten(many), SavedLoadResult::Loaded);
+    EXPECT_EQ(g.Rows(), 3);
+    EXPECT_EQ(g.CellText(3, 2), "3");
     const QByteArray huge =
-        crlfLines({"ABEND.LOG", "FS1", "999999999999", "a", "b", "1 KB", "one line"});
-    ASSERT_EQ(open(other, write(QStringLiteral("huge.twk"), huge)), SavedLoadResult::Loaded);
-    EXPECT_LE(other.Grid1.Rows(), huge.size() + 1);
-    EXPECT_EQ(other.Grid1.CellText(1, 2), "one line");
-
-    const QByteArray negative = crlfLines({"CONSOLE.LOG", "FS1", "-5", "a", "b", "1 KB"});
-    ASSERT_EQ(open(other, write(QStringLiteral("negative.twk"), negative)),
+        lines({"ABEND.LOG", "FS1", "999999999999", "a", "b", "1 KB", "one line"});
+    ASSERT_EQ(openWritten(huge), SavedLoadResult::Loaded);
+    EXPECT_LE(g.Rows(), huge.size() + 1);
+    EXPECT_EQ(g.CellText(1, 2), "one line");
+    ASSERT_EQ(openWritten(lines({"CONSOLE.LOG", "FS1", "-5", "a", "b", "1 KB"})),
               SavedLoadResult::Loaded);
-    EXPECT_EQ(other.Grid1.Rows(), 0);
+    EXPECT_EQ(g.Rows(), 0);
+
+    // Binary junk behind a good header.
+    QByteArray junk = lines({"SYS$LOG.ERR", "FS1", "3", "a", "b", "c"});
+    for (int i = 0; i < 256; ++i)
+        junk += static_cast<char>(i);
+    ASSERT_EQ(openWritten(junk + QByteArray(5000, '\r')), SavedLoadResult::Loaded);
+    EXPECT_GE(g.Rows(), 3);
 }
 
-TEST_F(SavedLogfiles, AFileOfAnotherProgramChangesNothing) {
+TEST_F(SavedLogfiles, OldFilesInWindows1252AreReadAsSuch) {
+    ASSERT_EQ(openWritten("ABEND.LOG\r\nFS1\r\n1\r\na\r\nb\r\nc\r\n"
+                          "Server halted Montag, 3. M\xe4rz 2003 \x80\r\n"),
+              SavedLoadResult::Loaded);
+    EXPECT_EQ(other.Grid1.CellText(1, 2), "Server halted Montag, 3. März 2003 €");
+    EXPECT_EQ(other.view.cbAbendLog.items.first(), QStringLiteral(" 3. März 2003 € "));
+}
+
+TEST_F(SavedLogfiles, AFileOfAnotherProgramOrNoFileChangesNothing) {
     ASSERT_TRUE(load(views::kCronlog, cronSample()));
     const auto before = look(engine);
     const QString caption = engine.view.caption;
@@ -252,23 +263,11 @@ TEST_F(SavedLogfiles, AFileOfAnotherProgramChangesNothing) {
     EXPECT_EQ(engine.view.CurrentView, views::kCronlog);
     EXPECT_EQ(engine.view.caption, caption);
     EXPECT_TRUE(ui.messages.empty());
-}
 
-TEST_F(SavedLogfiles, BinaryJunkBehindAGoodHeaderIsReadSafely) {
-    QByteArray bytes = crlfLines({"SYS$LOG.ERR", "FS1", "3", "a", "b", "c"});
-    for (int i = 0; i < 256; ++i)
-        bytes += static_cast<char>(i);
-    bytes += QByteArray(5000, '\r');
-    ASSERT_EQ(open(other, write(QStringLiteral("junk.twk"), bytes)), SavedLoadResult::Loaded);
-    EXPECT_GE(other.Grid1.Rows(), 3);
-}
-
-TEST_F(SavedLogfiles, OldFilesInWindows1252AreReadAsSuch) {
-    const QByteArray bytes(
-        "ABEND.LOG\r\nFS1\r\n1\r\na\r\nb\r\nc\r\nServer halted Montag, 3. M\xe4rz 2003 \x80\r\n");
-    ASSERT_EQ(open(other, write(QStringLiteral("old.twk"), bytes)), SavedLoadResult::Loaded);
-    EXPECT_EQ(other.Grid1.CellText(1, 2), "Server halted Montag, 3. März 2003 €");
-    EXPECT_EQ(other.view.cbAbendLog.items.first(), QStringLiteral(" 3. März 2003 € "));
+    EXPECT_EQ(LoadSavedLogfile(engine, tree.path(QStringLiteral("gone.twk"))),
+              SavedLoadResult::NotReadable);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_TRUE(ui.messages[0].text.startsWith(QStringLiteral("Access to logfile...")));
 }
 
 TEST_F(SavedLogfiles, TheOpenQuestionsOfTheCommandLineRoad) {
@@ -304,13 +303,6 @@ TEST_F(SavedLogfiles, TheOpenQuestionsOfTheCommandLineRoad) {
     EXPECT_EQ(monitorToggles, 0);
     EXPECT_EQ(LoadSavedLogfile(engine, path), SavedLoadResult::Loaded);
     EXPECT_EQ(monitorToggles, 1);
-}
-
-TEST_F(SavedLogfiles, AMissingFileIsTold) {
-    EXPECT_EQ(LoadSavedLogfile(engine, tree.path(QStringLiteral("gone.twk"))),
-              SavedLoadResult::NotReadable);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_TRUE(ui.messages[0].text.startsWith(QStringLiteral("Access to logfile...")));
 }
 
 TEST_F(SavedLogfiles, TheOpenDialogShowsTheHeaderAndReadsAsTheCommandLine) {
@@ -399,7 +391,7 @@ TEST_F(SavedLogfiles, ReloadAsksAndReadsTheLogAgain) {
     EXPECT_EQ(engine.Grid1.Rows(), 8);
 
     // The server wrote more in between: the reload shows it.
-    write(views::kCronlog, cronSample() + crlfLines({"Job failed: again"}));
+    write(views::kCronlog, cronSample() + lines({"Job failed: again"}));
     EXPECT_TRUE(mnuReload_Click(engine));
     EXPECT_EQ(engine.Grid1.Rows(), 9);
     EXPECT_EQ(pane(5), QStringLiteral("4 error messages found..."));

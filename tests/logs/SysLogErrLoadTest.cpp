@@ -1,13 +1,9 @@
 #include "logs/LogPipeline.h"
 
-#include "LogText.h"
-#include "TestSupport.h"
-#include "core/Engine.h"
+#include "LogFixture.h"
 #include "logs/SysLogErr.h"
 
 #include <QFile>
-
-#include <gtest/gtest.h>
 
 using namespace twk;
 using twk::test::englishEntry;
@@ -15,19 +11,10 @@ using twk::test::lines;
 
 namespace {
 
-class SysLogLoad : public ::testing::Test {
+class SysLogLoad : public test::LogFixture {
 protected:
-    test::TempTree tree;
-    test::FakeUi ui;
-    test::RecordingProgress progress;
-    Engine engine{tree.paths(), ui, progress};
-
     QString write(const QByteArray& bytes) { return tree.write("SYS$LOG.ERR", bytes); }
     bool load(const QString& path) { return LoadLogFile(engine, views::kSysLogErr, path); }
-    QString pane(int n) const { return engine.view.pane(n).text; }
-    std::string cell(int row, int col) const {
-        return std::string(engine.Grid1.CellText(row, col));
-    }
 };
 
 QByteArray entries(int count, int firstSecond = 0) {
@@ -67,23 +54,21 @@ TEST_F(SysLogLoad, NewestEntryIsRowOneAndPanesTellTheFile) {
     EXPECT_EQ(g.SelectedRow(), 1);
     EXPECT_TRUE(g.Redraw());
 
-    EXPECT_EQ(pane(1), QStringLiteral("2/2"));
-    EXPECT_EQ(pane(2), QStringLiteral("1-16-2003"));
-    EXPECT_EQ(pane(3), QStringLiteral("1-15-2003"));
-    EXPECT_EQ(pane(4), FileSizeText(static_cast<std::uint64_t>(bytes.size())));
-    EXPECT_EQ(pane(5), QStringLiteral("double click here to view the error message..."));
+    EXPECT_EQ(panes({1, 2, 3, 4, 5}),
+              (QStringList{"2/2", "1-16-2003", "1-15-2003",
+                           FileSizeText(static_cast<std::uint64_t>(bytes.size())),
+                           "double click here to view the error message..."}));
     EXPECT_EQ(engine.view.pane(5).icon, QStringLiteral("imgUSAFlag"));
     EXPECT_EQ(engine.view.CurrentView, views::kSysLogErr);
 
     for (const char* m :
          {"mnuFilter", "mnuFind", "mnuGoto", "mnuSave", "mnuReload", "mnuCloseFile"})
-        EXPECT_TRUE(engine.view.menuEnabled(QString::fromLatin1(m))) << m;
-    EXPECT_FALSE(engine.view.menuEnabled(QStringLiteral("mnuViewAll")));
-    EXPECT_FALSE(engine.view.menuEnabled(QStringLiteral("mnuViewFilter")));
-    EXPECT_TRUE(engine.view.menuVisible(QStringLiteral("mnuStatusIcons")));
-    EXPECT_TRUE(engine.view.menuVisible(QStringLiteral("mnuEventIcons")));
-    EXPECT_TRUE(engine.view.menuVisible(QStringLiteral("mnuTrennlinie6")));
-    EXPECT_FALSE(engine.view.menuVisible(QStringLiteral("mnuAnalyzer")));
+        EXPECT_TRUE(menuEnabled(m)) << m;
+    EXPECT_FALSE(menuEnabled("mnuViewAll"));
+    EXPECT_FALSE(menuEnabled("mnuViewFilter"));
+    for (const char* m : {"mnuStatusIcons", "mnuEventIcons", "mnuTrennlinie6"})
+        EXPECT_TRUE(menuVisible(m)) << m;
+    EXPECT_FALSE(menuVisible("mnuAnalyzer"));
     EXPECT_EQ(engine.view.menu(QStringLiteral("mnuViewAll")).icon, QStringLiteral("POINT"));
     EXPECT_EQ(engine.view.menu(QStringLiteral("mnuViewFilter")).icon, QStringLiteral("NOPOINT"));
     EXPECT_EQ(progress.captions,
@@ -98,11 +83,7 @@ TEST_F(SysLogLoad, EmptyFileLeavesOneEmptyRow) {
     EXPECT_EQ(engine.Grid1.CellIcon(1, 1), -1);
     EXPECT_EQ(cell(1, 10), "");
     EXPECT_EQ(engine.view.CurrentView, views::kSysLogErr);
-    EXPECT_EQ(pane(1), QStringLiteral("1/1"));
-    EXPECT_EQ(pane(2), QStringLiteral("last entry"));
-    EXPECT_EQ(pane(3), QString());
-    EXPECT_EQ(pane(4), QStringLiteral("0.0 KB"));
-    EXPECT_EQ(pane(5), QString());
+    EXPECT_EQ(panes({1, 2, 3, 4, 5}), (QStringList{"1/1", "last entry", "", "0.0 KB", ""}));
     EXPECT_EQ(engine.view.pane(5).icon, QStringLiteral("imgNoFlag"));
 }
 
@@ -110,11 +91,9 @@ TEST_F(SysLogLoad, MissingFileIsReportedAndNothingLoads) {
     engine.view.cbLogFile.ListIndex = 5;
     const QString path = tree.path("nowhere/SYS$LOG.ERR");
     EXPECT_FALSE(load(path));
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, QStringLiteral("Access to logfile...\r") + path +
-                                       QStringLiteral("    \rimpossible!"));
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral(" Tarnwick"));
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(ui.messages,
+              std::vector{test::box("Access to logfile...\r" + path + "    \rimpossible!",
+                                    MsgIcon::Exclamation)});
     EXPECT_EQ(engine.view.cbLogFile.ListIndex, 0);
     EXPECT_EQ(engine.Grid1.Rows(), 0);
     EXPECT_TRUE(engine.view.CurrentView.isEmpty());
@@ -140,9 +119,14 @@ TEST_F(SysLogLoad, LastEntryWithoutClosingLineIsNotShown) {
     QByteArray bytes = entries(3);
     bytes +=
         "2-9-2004  11:00:00 am:    LAST\r\nSeverity = 0  Locus = 0  Class = 0\r\nlast words\r\n";
-    ASSERT_TRUE(load(write(bytes)));
+    const QString path = write(bytes);
+    ASSERT_TRUE(load(path));
     ASSERT_EQ(engine.Grid1.Rows(), 3);
     EXPECT_EQ(cell(1, 7), "3");
+    // Loading again replaces the rows.
+    ASSERT_TRUE(load(path));
+    EXPECT_EQ(engine.Grid1.Rows(), 3);
+    EXPECT_EQ(cell(3, 7), "1");
 }
 
 TEST_F(SysLogLoad, SixHundredEntriesFlashAndMoreRunTheBar) {
@@ -184,7 +168,7 @@ TEST_F(SysLogLoad, AFileThatShrinksBetweenThePassesIsReadAgain) {
 
 TEST_F(SysLogLoad, AFileThatGrowsBetweenThePassesShowsTheCountedEntries) {
     const QString path = write(entries(5));
-    LoadLogFile(engine, views::kSysLogErr, path);
+    ASSERT_TRUE(load(path));
     engine.Grid1.clear();
     engine.Grid1.setRows(SysLogErrRows(engine, path));
     QFile f(path);
@@ -195,14 +179,6 @@ TEST_F(SysLogLoad, AFileThatGrowsBetweenThePassesShowsTheCountedEntries) {
     EXPECT_EQ(engine.Grid1.Rows(), 5);
     EXPECT_EQ(cell(5, 9), "   NR-0");
     EXPECT_EQ(cell(1, 9), "   NR-4");
-}
-
-TEST_F(SysLogLoad, LoadingAgainReplacesTheRows) {
-    const QString path = write(entries(4));
-    ASSERT_TRUE(load(path));
-    ASSERT_TRUE(load(path));
-    EXPECT_EQ(engine.Grid1.Rows(), 4);
-    EXPECT_EQ(cell(4, 7), "1");
 }
 
 TEST_F(SysLogLoad, BinaryJunkLoadsWithoutHarm) {

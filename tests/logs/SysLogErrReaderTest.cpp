@@ -15,8 +15,7 @@ namespace {
 std::vector<SysLogEntry> readEntries(const QByteArray& bytes, LogLanguage language,
                                      ErrorCapture* errors = nullptr) {
     test::TempTree tree;
-    const QString path = tree.write("SYS$LOG.ERR", bytes);
-    LineReader reader(path);
+    LineReader reader(tree.write("SYS$LOG.ERR", bytes));
     SysLogEntryReader entries(reader, language, errors);
     std::vector<SysLogEntry> out;
     SysLogEntry e;
@@ -24,10 +23,27 @@ std::vector<SysLogEntry> readEntries(const QByteArray& bytes, LogLanguage langua
         out.push_back(e);
     return out;
 }
+std::vector<SysLogEntry> readEnglish(const QByteArray& bytes) {
+    return readEntries(bytes, LogLanguage::English);
+}
+
+// The cells of an entry, "|" between them: date, time, status icon, state, source,
+// category, error number, message, event icon.
+std::string cells(const SysLogEntry& e) {
+    std::string out;
+    for (const std::string& cell :
+         {std::string(e.date), std::string(e.time), std::to_string(e.statusIcon),
+          std::string(e.state), std::string(e.source), std::string(e.category),
+          std::string(e.errorNr), std::string(e.message), std::to_string(e.eventIcon)})
+        out += (out.empty() ? "" : "|") + cell;
+    return out;
+}
+
+const char* kZeroCodes = "Severity = 0  Locus = 0  Class = 0";
 
 } // namespace
 
-TEST(LogsSysLogFirstEntry, HeaderBannersAreSkipped) {
+TEST(LogsSysLogFirstEntry, HeaderBannersAreSkippedAndAFileWithoutEntriesGivesMinusOne) {
     test::TempTree tree;
     const QString path =
         tree.write("log", lines({"SYS$LOG.ERR for server FS1", "*****************", "",
@@ -35,6 +51,9 @@ TEST(LogsSysLogFirstEntry, HeaderBannersAreSkipped) {
                                  "Severity = 0  Locus = 3  Class = 5"}));
     EXPECT_EQ(fnFirstEntryRow(path), 5);
     EXPECT_EQ(fnFirstEntryDate(path), "1-15-2003");
+    EXPECT_EQ(fnFirstEntryRow(tree.write("a", lines({"SYS$LOG.ERR", "*****"}))), -1);
+    EXPECT_EQ(fnFirstEntryDate(tree.write("b", QByteArray())), "");
+    EXPECT_EQ(fnFirstEntryRow(tree.path("missing")), -1);
 }
 
 TEST(LogsSysLogFirstEntry, DateTokensOfAllThreeShapes) {
@@ -55,13 +74,6 @@ TEST(LogsSysLogFirstEntry, DateTokensOfAllThreeShapes) {
     EXPECT_TRUE(isEntryHeader("1-15-\n2003 x")); // line feeds are removed first
 }
 
-TEST(LogsSysLogFirstEntry, AFileWithoutEntriesGivesMinusOne) {
-    test::TempTree tree;
-    EXPECT_EQ(fnFirstEntryRow(tree.write("a", lines({"SYS$LOG.ERR", "*****"}))), -1);
-    EXPECT_EQ(fnFirstEntryDate(tree.write("b", QByteArray())), "");
-    EXPECT_EQ(fnFirstEntryRow(tree.path("missing")), -1);
-}
-
 TEST(LogsSysLogLanguage, FirstCodeLineDecides) {
     test::TempTree tree;
     EXPECT_EQ(detectLanguage(tree.write("a", lines({"SYS$LOG.ERR Severity = 1", "x = y",
@@ -73,62 +85,33 @@ TEST(LogsSysLogLanguage, FirstCodeLineDecides) {
     EXPECT_EQ(detectLanguage(tree.write("c", lines({"severity = 2"}))), LanguageDecision::Unknown);
 }
 
-TEST(LogsSysLogEntry, EnglishEntryBecomesItsCells) {
-    const auto e =
-        readEntries(englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0  [nmID=1000A]",
-                                 "Severity = 4  Locus = 13  Class = 21", {"UPS battery low."}),
-                    LogLanguage::English);
-    ASSERT_EQ(e.size(), 1u);
-    EXPECT_EQ(e[0].date, "1-15-2003");
-    EXPECT_EQ(e[0].time, "02:30:45 pm");
-    EXPECT_EQ(e[0].statusIcon, 4);
-    EXPECT_EQ(e[0].state, "Fatal");
-    EXPECT_EQ(e[0].source, "UPS");
-    EXPECT_EQ(e[0].category, "Protect Violation");
-    EXPECT_EQ(e[0].errorNr, "   SERVER-5.60-0  [nmID=1000A]");
-    EXPECT_EQ(e[0].message, "UPS battery low.");
-    EXPECT_EQ(e[0].eventIcon, 24);
+TEST(LogsSysLogEntry, EnglishEntriesBecomeTheirCells) {
+    const auto e = readEnglish(
+        englishEntry("1-15-2003   2:30:45 pm:    SERVER-5.60-0  [nmID=1000A]",
+                     "Severity = 4  Locus = 13  Class = 21", {"UPS battery low."}) +
+        // Only the first message line loses its line feeds.
+        englishEntry("1-15-2003  10:00:01 am:    X", "Severity = 1  Locus = 2  Class = 3",
+                     {"  first\npart  ", "second\nline", "third", "fourth"}) +
+        englishEntry("1-15-2003  10:00:01 am:    X", "Locus = 2", {"Third-party message"}) +
+        englishEntry("1-15-2003  10:00:01 am:    X",
+                     "Severity = x  Locus = ab  Class =   ", {"m"}));
+    ASSERT_EQ(e.size(), 4u);
+    EXPECT_EQ(cells(e[0]), "1-15-2003|02:30:45 pm|4|Fatal|UPS|Protect Violation|   SERVER-5.60-0 "
+                           " [nmID=1000A]|UPS battery low.|24");
+    EXPECT_EQ(e[1].message, "first part  |  second\nline  |  third  |  fourth");
+    // Missing tokens read as question marks, garbled numbers as zero.
+    EXPECT_EQ(cells(e[2]), "1-15-2003|10:00:01 am|26|???|File System|???|   X|Third-party "
+                           "message|24");
+    EXPECT_EQ(cells(e[3]), "1-15-2003|10:00:01 am|0|Informational|Unknown|Class Unknown|   X|m|24");
 }
 
 TEST(LogsSysLogEntry, AmAndPmAreTestedOnTheWholeHeader) {
-    const auto e = readEntries(englishEntry("1-15-2003  10:00:01 am:    CAMPUS-PM-7",
-                                            "Severity = 0  Locus = 0  Class = 0", {"x"}) +
-                                   englishEntry("1-15-2003  10:00:02:    SAM",
-                                                "Severity = 0  Locus = 0  Class = 0", {"y"}),
-                               LogLanguage::English);
+    const auto e =
+        readEnglish(englishEntry("1-15-2003  10:00:01 am:    CAMPUS-PM-7", kZeroCodes, {"x"}) +
+                    englishEntry("1-15-2003  10:00:02:    SAM", kZeroCodes, {"y"}));
     ASSERT_EQ(e.size(), 2u);
     EXPECT_EQ(e[0].time, "10:00:01 am pm");
     EXPECT_EQ(e[1].time, "10:00:02 am"); // "SAM" holds "am"
-}
-
-TEST(LogsSysLogEntry, MessageLinesAreJoinedAndOnlyTheFirstLosesLineFeeds) {
-    const auto e = readEntries(englishEntry("1-15-2003  10:00:01 am:    X",
-                                            "Severity = 1  Locus = 2  Class = 3",
-                                            {"  first\npart  ", "second\nline", "third", "fourth"}),
-                               LogLanguage::English);
-    ASSERT_EQ(e.size(), 1u);
-    EXPECT_EQ(e[0].message, "first part  |  second\nline  |  third  |  fourth");
-}
-
-TEST(LogsSysLogEntry, MissingTokensReadAsQuestionMarks) {
-    const auto e = readEntries(
-        englishEntry("1-15-2003  10:00:01 am:    X", "Locus = 2", {"Third-party message"}),
-        LogLanguage::English);
-    ASSERT_EQ(e.size(), 1u);
-    EXPECT_EQ(e[0].statusIcon, 26);
-    EXPECT_EQ(e[0].state, "???");
-    EXPECT_EQ(e[0].source, "File System");
-    EXPECT_EQ(e[0].category, "???");
-}
-
-TEST(LogsSysLogEntry, GarbledNumbersReadAsZero) {
-    const auto e = readEntries(
-        englishEntry("1-15-2003  10:00:01 am:    X", "Severity = x  Locus = ab  Class =   ", {"m"}),
-        LogLanguage::English);
-    ASSERT_EQ(e.size(), 1u);
-    EXPECT_EQ(e[0].state, "Informational");
-    EXPECT_EQ(e[0].source, "Unknown");
-    EXPECT_EQ(e[0].category, "Class Unknown");
 }
 
 TEST(LogsSysLogEntry, NumbersOutsideTheTablesAreCapturedAndReadingGoesOn) {
@@ -140,10 +123,7 @@ TEST(LogsSysLogEntry, NumbersOutsideTheTablesAreCapturedAndReadingGoesOn) {
                                                 "Severity = 8  Locus = 1  Class = 1", {"b"}),
                                LogLanguage::English, &errors);
     ASSERT_EQ(e.size(), 2u);
-    EXPECT_EQ(e[0].state, "???");
-    EXPECT_EQ(e[0].statusIcon, 26);
-    EXPECT_EQ(e[0].source, "???");
-    EXPECT_EQ(e[0].category, "???");
+    EXPECT_EQ(cells(e[0]), "1-15-2003|10:00:01 am|26|???|???|???|   X|a|24");
     EXPECT_EQ(e[1].message, "b");
     EXPECT_EQ(e[1].source, "Memory");
     EXPECT_EQ(errors.count(), 1); // captured once per reading
@@ -154,10 +134,8 @@ TEST(LogsSysLogEntry, NumbersOutsideTheTablesAreCapturedAndReadingGoesOn) {
 }
 
 TEST(LogsSysLogEntry, HeaderWithoutDoubleBlankKeepsThePreviousDate) {
-    const auto e = readEntries(
-        englishEntry("1-15-2003  10:00:01 am:    X", "Severity = 0  Locus = 0  Class = 0", {"a"}) +
-            englishEntry("garbled-header", "Severity = 0  Locus = 0  Class = 0", {"b"}),
-        LogLanguage::English);
+    const auto e = readEnglish(englishEntry("1-15-2003  10:00:01 am:    X", kZeroCodes, {"a"}) +
+                               englishEntry("garbled-header", kZeroCodes, {"b"}));
     ASSERT_EQ(e.size(), 2u);
     EXPECT_EQ(e[1].date, "1-15-2003");
     EXPECT_EQ(e[1].time, "arbled-h"); // 8 characters from place 0 + 2
@@ -165,13 +143,13 @@ TEST(LogsSysLogEntry, HeaderWithoutDoubleBlankKeepsThePreviousDate) {
 }
 
 TEST(LogsSysLogEntry, GermanTextIsConvertedFromTheServerCodePage) {
-    QByteArray bytes = lines({"15.01.2003  14:30:45 :    SERVER-5.60-0",
-                              "Schweregrad = 2  Geometrischer Ort = 10  Klasse = 15",
-                              "Ger\x84t 0x3 wurde deaktiviert",
-                              "Gr\x94\xe1"
-                              "e \x9a\x8e\x99\x81 ok",
-                              ""});
-    const auto e = readEntries(bytes, LogLanguage::German);
+    const auto e = readEntries(lines({"15.01.2003  14:30:45 :    SERVER-5.60-0",
+                                      "Schweregrad = 2  Geometrischer Ort = 10  Klasse = 15",
+                                      "Ger\x84t 0x3 wurde deaktiviert",
+                                      "Gr\x94\xe1"
+                                      "e \x9a\x8e\x99\x81 ok",
+                                      ""}),
+                               LogLanguage::German);
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].date, "15.01.2003");
     EXPECT_EQ(e[0].time, "14:30:45");
@@ -184,15 +162,12 @@ TEST(LogsSysLogEntry, GermanTextIsConvertedFromTheServerCodePage) {
 
 TEST(LogsSysLogEntry, AnEntryRunningIntoTheEndOfTheFileEndsThere) {
     const auto e =
-        readEntries(lines({"1-15-2003  10:00:01 am:    X", "Severity = 0  Locus = 0  Class = 0",
-                           "line one", "line two"}),
-                    LogLanguage::English);
+        readEnglish(lines({"1-15-2003  10:00:01 am:    X", kZeroCodes, "line one", "line two"}));
     ASSERT_EQ(e.size(), 1u);
     EXPECT_EQ(e[0].message, "line one  |  line two");
     // Only empty lines left at the end are no entry.
-    EXPECT_TRUE(readEntries(lines({"", ""}), LogLanguage::English).empty());
-    const auto headerOnly =
-        readEntries(lines({"1-15-2003  10:00:01 am:    X"}), LogLanguage::English);
+    EXPECT_TRUE(readEnglish(lines({"", ""})).empty());
+    const auto headerOnly = readEnglish(lines({"1-15-2003  10:00:01 am:    X"}));
     ASSERT_EQ(headerOnly.size(), 1u);
     EXPECT_EQ(headerOnly[0].state, "???");
 }
