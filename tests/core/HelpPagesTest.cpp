@@ -25,10 +25,7 @@ using namespace twk;
 namespace {
 
 const QString kShare = QStringLiteral(TWK_SHARE_DIR);
-
-QString helpFolder() {
-    return kShare + QStringLiteral("/help");
-}
+const QString kHelp = kShare + QStringLiteral("/help");
 
 std::string str(const QString& text) {
     return text.toStdString();
@@ -53,10 +50,9 @@ QStringList pagesTheProgramNames() {
 /// The pages below share/help, relative to it.
 QStringList deliveredPages() {
     QStringList pages;
-    QDirIterator it(helpFolder(), {QStringLiteral("*.htm")}, QDir::Files,
-                    QDirIterator::Subdirectories);
+    QDirIterator it(kHelp, {QStringLiteral("*.htm")}, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext())
-        pages << QDir(helpFolder()).relativeFilePath(it.next());
+        pages << QDir(kHelp).relativeFilePath(it.next());
     pages.sort();
     return pages;
 }
@@ -116,7 +112,7 @@ QString brokenLink(const QString& page, const QString& link) {
     const qsizetype hash = link.indexOf(QLatin1Char('#'));
     const QString path = hash < 0 ? link : link.left(hash);
     const QString fragment = hash < 0 ? QString() : link.mid(hash + 1);
-    const QString pageFile = QDir(helpFolder()).filePath(page);
+    const QString pageFile = QDir(kHelp).filePath(page);
     const QString target =
         path.isEmpty() ? pageFile
                        : QFileInfo(QFileInfo(pageFile).dir().filePath(path)).canonicalFilePath();
@@ -135,15 +131,14 @@ TEST(HelpPages, EveryPageTheProgramOpensIsDelivered) {
     const QStringList pages = pagesTheProgramNames();
     ASSERT_EQ(pages.size(), 14) << "four views, the start page, nine dialog pages and links";
     for (const QString& page : pages)
-        EXPECT_TRUE(QFileInfo(QDir(helpFolder()).filePath(page)).isFile()) << str(page);
-    EXPECT_EQ(HelpPageOfView(views::kFilterRules), QStringLiteral("index.htm"));
+        EXPECT_TRUE(QFileInfo(QDir(kHelp).filePath(page)).isFile()) << str(page);
 }
 
 TEST(HelpPages, EveryPageIsWellFormedWithTitleStyleAndNoScript) {
     const QStringList pages = deliveredPages();
     ASSERT_GE(pages.size(), 14);
     for (const QString& page : pages) {
-        const ParsedPage p = parse(QDir(helpFolder()).filePath(page));
+        const ParsedPage p = parse(QDir(kHelp).filePath(page));
         EXPECT_TRUE(p.error.isEmpty()) << str(page) << ": " << str(p.error);
         EXPECT_EQ(p.lang, QStringLiteral("en")) << str(page);
         EXPECT_FALSE(p.title.isEmpty()) << str(page) << " has no title";
@@ -157,7 +152,7 @@ TEST(HelpPages, EveryPageIsWellFormedWithTitleStyleAndNoScript) {
 TEST(HelpPages, EveryLinkAndPictureResolves) {
     int checked = 0;
     for (const QString& page : deliveredPages()) {
-        for (const QString& link : parse(QDir(helpFolder()).filePath(page)).links) {
+        for (const QString& link : parse(QDir(kHelp).filePath(page)).links) {
             EXPECT_EQ(brokenLink(page, link), QString()) << str(page);
             ++checked;
         }
@@ -169,15 +164,13 @@ TEST(HelpPages, TheLinkCheckSeesBrokenLinks) {
     const QString page = QStringLiteral("index.htm");
     EXPECT_EQ(brokenLink(page, QStringLiteral("_cronlog/description.htm#filter")), QString());
     EXPECT_EQ(brokenLink(page, QStringLiteral("#saved")), QString());
-    EXPECT_FALSE(brokenLink(page, QStringLiteral("_cronlog/nothing.htm")).isEmpty());
-    EXPECT_FALSE(brokenLink(page, QStringLiteral("_cronlog/description.htm#nothing")).isEmpty());
-    EXPECT_FALSE(brokenLink(page, QStringLiteral("https://example.org/")).isEmpty());
-    EXPECT_FALSE(brokenLink(page, QStringLiteral("../../outside.htm")).isEmpty());
-    EXPECT_FALSE(brokenLink(page, QString()).isEmpty());
+    for (const char* link : {"_cronlog/nothing.htm", "_cronlog/description.htm#nothing",
+                             "https://example.org/", "../../outside.htm", ""})
+        EXPECT_FALSE(brokenLink(page, QString::fromLatin1(link)).isEmpty()) << link;
 }
 
 TEST(HelpPages, TheStartPageLinksEveryPage) {
-    const ParsedPage index = parse(QDir(helpFolder()).filePath(QStringLiteral("index.htm")));
+    const ParsedPage index = parse(QDir(kHelp).filePath(QStringLiteral("index.htm")));
     QSet<QString> linked;
     for (const QString& link : index.links)
         linked.insert(link.section(QLatin1Char('#'), 0, 0));

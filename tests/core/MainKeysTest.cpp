@@ -11,6 +11,8 @@ using test::MainWindowFixture;
 namespace {
 
 const KeyModifiers kNone{};
+const KeyModifiers kShift{true, false, false};
+const KeyModifiers kCtrl{false, true, false};
 const KeyModifiers kCtrlAlt{false, true, true};
 
 class Keys : public ::testing::Test {
@@ -37,16 +39,30 @@ TEST_F(Keys, CtrlAltDTwiceLeavesTheCaptionAsItWas) {
     EXPECT_EQ(f.engine->view.caption, before);
 }
 
-TEST_F(Keys, DNeedsExactlyCtrlAndAlt) {
+TEST_F(Keys, KeysWithOtherModifiersAreNotTaken) {
     const QString before = f.engine->view.caption;
-    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::D, {false, true, false}));
-    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::D, {true, true, true}));
-    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::D, kNone));
+    const struct {
+        MainKey key;
+        KeyModifiers modifiers;
+    } cases[] = {{MainKey::D, kCtrl},  {MainKey::D, {true, true, true}},
+                 {MainKey::D, kNone},  {MainKey::F9, kShift},
+                 {MainKey::F1, kCtrl}, {MainKey::Other, kNone}};
+    for (const auto& c : cases)
+        EXPECT_FALSE(Form_KeyDown(*f.engine, c.key, c.modifiers)) << static_cast<int>(c.key);
     EXPECT_FALSE(f.engine->DebugMode);
     EXPECT_EQ(f.engine->view.caption, before);
+    EXPECT_TRUE(f.ui.messages.empty());
+    EXPECT_TRUE(f.desktop.opened.empty());
 }
 
 TEST_F(Keys, F9WithALogOpenClosesItWithoutAsking) {
+    loadLog();
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::F9, kNone));
+    EXPECT_EQ(f.engine->Grid1.Rows(), 0);
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable) << "no monitor to start";
+
+    // With the monitor: the rules come first, and nothing is asked outside its view.
     loadLog();
     std::vector<std::string> order;
     f.engine->hooks.ShowFilterRules = [&] {
@@ -56,17 +72,9 @@ TEST_F(Keys, F9WithALogOpenClosesItWithoutAsking) {
         order.push_back("monitor");
     };
     EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::F9, kNone));
-    EXPECT_TRUE(f.ui.messages.empty()) << "no question outside the monitor view";
+    EXPECT_EQ(f.ui.messages.size(), 1u);
     EXPECT_EQ(f.engine->Grid1.Rows(), 0);
     EXPECT_EQ(order, (std::vector<std::string>{"rules", "monitor"}));
-}
-
-TEST_F(Keys, F9WithoutTheMonitorClosesAndSaysSo) {
-    loadLog();
-    Form_KeyDown(*f.engine, MainKey::F9, kNone);
-    EXPECT_EQ(f.engine->Grid1.Rows(), 0);
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable);
 }
 
 TEST_F(Keys, F9InTheMonitorViewAsksFirst) {
@@ -91,23 +99,14 @@ TEST_F(Keys, F9InTheMonitorViewAsksFirst) {
     EXPECT_EQ(starts, 1);
 }
 
-TEST_F(Keys, F9AndF1WantNoModifier) {
-    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::F9, {true, false, false}));
-    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::F1, {false, true, false}));
-    EXPECT_FALSE(Form_KeyDown(*f.engine, MainKey::Other, kNone));
-    EXPECT_TRUE(f.ui.messages.empty());
-}
-
 TEST_F(Keys, F1OpensTheHelpPageOfTheView) {
-    EXPECT_EQ(HelpPageOfView(QStringLiteral("ABEND.LOG")),
-              QStringLiteral("_abend.log/description.htm"));
-    EXPECT_EQ(HelpPageOfView(QStringLiteral("CONSOLE.LOG")),
-              QStringLiteral("_console.log/description.htm"));
-    EXPECT_EQ(HelpPageOfView(QStringLiteral("CRONLOG")),
-              QStringLiteral("_cronlog/description.htm"));
-    EXPECT_EQ(HelpPageOfView(QStringLiteral("SYS$LOG.ERR")),
-              QStringLiteral("_syslog.err/description.htm"));
-    EXPECT_EQ(HelpPageOfView(QStringLiteral("RealtimeMonitor")), QStringLiteral("index.htm"));
+    for (const auto& [view, page] : {std::pair{"ABEND.LOG", "_abend.log/description.htm"},
+                                     {"CONSOLE.LOG", "_console.log/description.htm"},
+                                     {"CRONLOG", "_cronlog/description.htm"},
+                                     {"SYS$LOG.ERR", "_syslog.err/description.htm"},
+                                     {"RealtimeMonitor", "index.htm"},
+                                     {"FilterRules", "index.htm"}})
+        EXPECT_EQ(HelpPageOfView(QString::fromLatin1(view)), QString::fromLatin1(page)) << view;
 
     // Start-up delivered the pages: F1 opens them, nothing is said.
     Form_KeyDown(*f.engine, MainKey::F1, kNone);
@@ -150,6 +149,6 @@ TEST_F(Keys, EnterIsADoubleClickOnTheSelectedRow) {
     EXPECT_TRUE(rows.empty()) << "no row selected";
     loadLog();
     f.engine->Grid1.setSelectedRow(7);
-    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::Enter, {true, false, false}));
+    EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::Enter, kShift));
     EXPECT_EQ(rows, std::vector<int>{7});
 }

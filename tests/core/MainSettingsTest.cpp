@@ -49,10 +49,8 @@ TEST(TipOfTheDay, TipsAreLinesWithoutCommentsAndBlanks) {
 
 TEST(TipOfTheDay, NextTipWrapsAndSurvivesBadValues) {
     Registry registry;
-    EXPECT_EQ(TakeNextTip(registry, 3), 0);
-    EXPECT_EQ(TakeNextTip(registry, 3), 1);
-    EXPECT_EQ(TakeNextTip(registry, 3), 2);
-    EXPECT_EQ(TakeNextTip(registry, 3), 0);
+    for (int expected : {0, 1, 2, 0})
+        EXPECT_EQ(TakeNextTip(registry, 3), expected);
     EXPECT_EQ(TakeNextTip(registry, 0), -1);
     registry.Reg_SetString(Hive::CurrentUser, tipOfTheDayKey(), QStringLiteral("NextTip"),
                            QStringLiteral("77"));

@@ -20,6 +20,10 @@ const QStringList kNetWareLogs = {
     QStringLiteral("CONFIG.TXT"),        QStringLiteral("CONSOLE.LOG"),
     QStringLiteral("CRONLOG"),           QStringLiteral("SYS$LOG.ERR")};
 
+long callsOf(const MainWindowFixture& f, const char* call) {
+    return std::count(f.port.calls.begin(), f.port.calls.end(), call);
+}
+
 } // namespace
 
 TEST(MainStartup, HelpSwitchShowsTheHelpBoxAndNothingElse) {
@@ -68,20 +72,16 @@ TEST(MainStartup, RunsItsStepsInOrderAndEndsIdle) {
     EXPECT_TRUE(f.ui.messages.empty());
 }
 
-TEST(MainStartup, ControlKeyHeldAtTheStartTurnsDebugModeOn) {
-    MainWindowFixture f;
-    f.port.ctrl = true;
-    f.start();
-    EXPECT_TRUE(f.engine->DebugMode);
-    EXPECT_EQ(f.engine->view.caption, QStringLiteral(" Tarnwick   [DEBUG MODE=ON]"));
-}
-
-TEST(MainStartup, DebugArgumentAddsTheSuffixOnce) {
-    MainWindowFixture f;
-    f.port.ctrl = true;
-    f.start({QStringLiteral("-DEBUG")});
-    EXPECT_TRUE(f.engine->DebugMode);
-    EXPECT_EQ(f.engine->view.caption, QStringLiteral(" Tarnwick   [DEBUG MODE=ON]"));
+TEST(MainStartup, ControlKeyOrDebugArgumentTurnsDebugModeOnWithOneSuffix) {
+    for (const auto& [ctrl, argument] :
+         {std::pair{true, ""}, {false, "-DEBUG"}, {true, "-debug"}}) {
+        MainWindowFixture f;
+        f.port.ctrl = ctrl;
+        f.start(*argument ? QStringList{QString::fromLatin1(argument)} : QStringList{});
+        EXPECT_TRUE(f.engine->DebugMode) << argument;
+        EXPECT_EQ(f.engine->view.caption, QStringLiteral(" Tarnwick   [DEBUG MODE=ON]"))
+            << argument;
+    }
 }
 
 TEST(MainStartup, MissingClientShowsTheStyledBoxAndEnds) {
@@ -112,8 +112,8 @@ TEST(MainStartup, RtmArgumentStartsTheMonitorAndSkipsTheLastSteps) {
     f.start({QStringLiteral("-RTM")});
     EXPECT_EQ(monitorStarts, 1);
     EXPECT_EQ(f.engine->view.cbTree.text(), QStringLiteral("tree not found"));
-    EXPECT_EQ(std::count(f.port.calls.begin(), f.port.calls.end(), "showTreeNotFound"), 0);
-    EXPECT_EQ(std::count(f.port.calls.begin(), f.port.calls.end(), "showTipOfTheDay"), 0);
+    EXPECT_EQ(callsOf(f, "showTreeNotFound"), 0);
+    EXPECT_EQ(callsOf(f, "showTipOfTheDay"), 0);
 }
 
 TEST(MainStartup, RtmWithoutTheMonitorSaysSo) {
@@ -150,7 +150,7 @@ TEST(MainStartup, NoTreeFoundShowsItsDialog) {
     f.start();
     EXPECT_EQ(f.engine->view.cbTree.text(), QStringLiteral("tree not found"));
     EXPECT_FALSE(f.engine->view.cbLogFile.enabled);
-    EXPECT_EQ(std::count(f.port.calls.begin(), f.port.calls.end(), "showTreeNotFound"), 1);
+    EXPECT_EQ(callsOf(f, "showTreeNotFound"), 1);
     EXPECT_TRUE(f.engine->StartupDone);
 }
 
@@ -158,14 +158,13 @@ TEST(MainStartup, TipOfTheDayFollowsItsSwitchAndTheFile) {
     MainWindowFixture off;
     SetTipsAtStartup(off.engine->registry, false);
     off.start();
-    EXPECT_EQ(std::count(off.port.calls.begin(), off.port.calls.end(), "showTipOfTheDay"), 0);
+    EXPECT_EQ(callsOf(off, "showTipOfTheDay"), 0);
     EXPECT_TRUE(off.engine->view.menuEnabled(QStringLiteral("mnuTipOfTheDay")));
 
     MainWindowFixture missing;
     missing.engine->paths.shareFolder = missing.tree.path(QStringLiteral("empty-share"));
     missing.start();
-    EXPECT_EQ(std::count(missing.port.calls.begin(), missing.port.calls.end(), "showTipOfTheDay"),
-              0);
+    EXPECT_EQ(callsOf(missing, "showTipOfTheDay"), 0);
     EXPECT_FALSE(missing.engine->view.menuEnabled(QStringLiteral("mnuTipOfTheDay")));
 }
 
@@ -174,14 +173,12 @@ TEST(MainStartup, RegistersTheFileTypeAtEveryStart) {
     f.engine->registry.Reg_SetString(Hive::ClassesRoot, QStringLiteral(".twk"), QString(),
                                      QStringLiteral("otherfile"));
     f.start();
-    const Registry& r = f.engine->registry;
-    EXPECT_EQ(r.Reg_GetValue(Hive::ClassesRoot, QStringLiteral(".twk"), QString()),
-              QStringLiteral("twkfile"));
-    EXPECT_EQ(r.Reg_GetValue(Hive::ClassesRoot, QStringLiteral("twkfile\\shell\\open\\command"),
-                             QString()),
-              QStringLiteral("/opt/tarnwick/tarnwick %1"));
-    EXPECT_EQ(r.Reg_GetValue(Hive::ClassesRoot, QStringLiteral("twkfile\\DefaultIcon"), QString()),
-              QStringLiteral("/opt/tarnwick/twkfile.svg"));
+    for (const auto& [key, value] : {std::pair{".twk", "twkfile"},
+                                     {"twkfile\\shell\\open\\command", "/opt/tarnwick/tarnwick %1"},
+                                     {"twkfile\\DefaultIcon", "/opt/tarnwick/twkfile.svg"}})
+        EXPECT_EQ(f.engine->registry.Reg_GetValue(Hive::ClassesRoot, QString::fromLatin1(key), {}),
+                  QString::fromLatin1(value))
+            << key;
 }
 
 TEST(FileType, ExtensionAndClassName) {

@@ -83,14 +83,6 @@ public:
     void showTipOfTheDay() override { record("showTipOfTheDay"); }
 };
 
-inline QByteArray sysLogErr(int entries, LogLanguage language = LogLanguage::English) {
-    demo::SysLogErrOptions options;
-    options.entryCount = entries;
-    options.language = language;
-    options.seed = 7;
-    return demo::sysLogErrBytes(options);
-}
-
 inline const char* kTestDirectory = "[tree ACME_TREE]\n"
                                     "logged-in = yes\n"
                                     "user = ADMIN.ACME\n"
@@ -116,15 +108,19 @@ inline const char* kTestDirectory = "[tree ACME_TREE]\n"
                                     "version = Novell Open Enterprise Server Linux\n"
                                     "volumes = SYS\n";
 
-/// An engine on the test network; `start()` runs the start-up sequence.
+/// An engine on the test network, FS1's SYS$LOG.ERR with 40 entries; `start()` runs the
+/// start-up sequence.
 class MainWindowFixture {
 public:
-    explicit MainWindowFixture(bool withNetwork = true, int entries = 40) {
+    explicit MainWindowFixture(bool withNetwork = true) {
         ensureEventLoop();
         if (withNetwork) {
+            demo::SysLogErrOptions log;
+            log.entryCount = 40;
+            log.seed = 7;
             tree.write(QStringLiteral("network/directory.txt"), kTestDirectory);
             logPath = tree.write(QStringLiteral("network/servers/FS1/SYS/SYSTEM/SYS$LOG.ERR"),
-                                 sysLogErr(entries));
+                                 demo::sysLogErrBytes(log));
             tree.write(QStringLiteral("network/servers/FS1/DATA/readme.txt"), "data");
             tree.write(QStringLiteral("network/servers/FS2/SYS/SYSTEM/readme.txt"), "no log");
             tree.write(QStringLiteral("network/servers/LX1/SYS/readme.txt"), "linux");

@@ -71,11 +71,10 @@ TEST_F(Cascade, LoadingSysLogErrOpensTheViewAndItsMenus) {
     for (const char* menu :
          {"mnuFilter", "mnuFind", "mnuGoto", "mnuSave", "mnuReload", "mnuCloseFile"})
         EXPECT_TRUE(v().menuEnabled(QString::fromLatin1(menu))) << menu;
+    for (const char* menu : {"mnuStatusIcons", "mnuEventIcons", "mnuTrennlinie6"})
+        EXPECT_TRUE(v().menuVisible(QString::fromLatin1(menu))) << menu;
     EXPECT_FALSE(v().menuEnabled(QStringLiteral("mnuViewAll")));
     EXPECT_FALSE(v().menuEnabled(QStringLiteral("mnuViewFilter")));
-    EXPECT_TRUE(v().menuVisible(QStringLiteral("mnuStatusIcons")));
-    EXPECT_TRUE(v().menuVisible(QStringLiteral("mnuEventIcons")));
-    EXPECT_TRUE(v().menuVisible(QStringLiteral("mnuTrennlinie6")));
     EXPECT_FALSE(v().menuVisible(QStringLiteral("mnuAnalyzer")));
     EXPECT_TRUE(v().closeEnabled);
     EXPECT_EQ(v().openLogPath, f.logPath);
@@ -108,25 +107,23 @@ TEST_F(Cascade, AServerChangeClosesTheOpenLog) {
     EXPECT_TRUE(v().cbLogFile.enabled);
 }
 
-TEST_F(Cascade, ALinuxServerOffersItsOwnLogs) {
+TEST_F(Cascade, LogsThatCannotBeShownSaySoAndLeaveNothingOpen) {
+    chooseLog(QStringLiteral("CONFIG.TXT"));
+    ASSERT_EQ(f.ui.messages.size(), 1u);
+    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable);
+    EXPECT_EQ(f.ui.messages[0].icon, MsgIcon::Information);
+    EXPECT_EQ(v().cbLogFile.ListIndex, 0);
+
+    // A Linux server offers its own logs, which are not shown yet either.
     chooseServer(QStringLiteral("LX1"));
     EXPECT_EQ(v().cbLogFile.items,
               (QStringList{QStringLiteral("select logfile..."), QStringLiteral("boot.msg"),
                            QStringLiteral("messages")}));
     EXPECT_TRUE(v().menuEnabled(QStringLiteral("mnuRC")));
     chooseLog(QStringLiteral("boot.msg"));
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable);
-    EXPECT_EQ(v().cbLogFile.ListIndex, 0);
+    ASSERT_EQ(f.ui.messages.size(), 2u);
+    EXPECT_EQ(f.ui.messages[1].text, mainText::kNotAvailable);
     expectNothingOpen();
-}
-
-TEST_F(Cascade, ConfigReportIsNotThereYetAndSaysSo) {
-    chooseLog(QStringLiteral("CONFIG.TXT"));
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable);
-    EXPECT_EQ(f.ui.messages[0].icon, MsgIcon::Information);
-    EXPECT_EQ(v().cbLogFile.ListIndex, 0);
 }
 
 TEST_F(Cascade, NotFoundItemsDoNothing) {
@@ -231,21 +228,12 @@ TEST_F(Cascade, HandlersWaitForTheEndOfTheStart) {
     EXPECT_TRUE(v().CurrentView.isEmpty());
 }
 
-TEST(MainCaption, ContextAndDebugParts) {
-    MainWindowFixture f(false);
-    EXPECT_EQ(MainCaption(*f.engine), QStringLiteral(" Tarnwick"));
-    f.engine->StartContext = QStringLiteral("nds:\\\\t\\o");
-    EXPECT_EQ(MainCaption(*f.engine), QStringLiteral(" Tarnwick   StartContext: [NDS:\\\\T\\O]"));
-    f.engine->DebugMode = true;
-    EXPECT_TRUE(MainCaption(*f.engine).endsWith(QStringLiteral("]   [DEBUG MODE=ON]")));
-}
-
 TEST(MainLogUnc, PathsOfTheLogsOfAServer) {
-    EXPECT_EQ(logFileUnc(QStringLiteral("FS1"), QStringLiteral("SYS$LOG.ERR")),
-              QStringLiteral("\\\\FS1\\SYS\\SYSTEM\\SYS$LOG.ERR"));
-    EXPECT_EQ(logFileUnc(QStringLiteral("FS1"), QStringLiteral("ABEND.LOG")),
-              QStringLiteral("\\\\FS1\\SYS\\SYSTEM\\ABEND.LOG"));
-    EXPECT_EQ(logFileUnc(QStringLiteral("FS1"), QStringLiteral("CRONLOG")),
-              QStringLiteral("\\\\FS1\\SYS\\ETC\\CRONLOG"));
-    EXPECT_TRUE(logFileUnc(QStringLiteral("FS1"), QStringLiteral("CONFIG.TXT")).isEmpty());
+    for (const auto& [log, unc] : {std::pair{"SYS$LOG.ERR", "\\\\FS1\\SYS\\SYSTEM\\SYS$LOG.ERR"},
+                                   {"ABEND.LOG", "\\\\FS1\\SYS\\SYSTEM\\ABEND.LOG"},
+                                   {"CRONLOG", "\\\\FS1\\SYS\\ETC\\CRONLOG"},
+                                   {"CONFIG.TXT", ""}})
+        EXPECT_EQ(logFileUnc(QStringLiteral("FS1"), QString::fromLatin1(log)),
+                  QString::fromLatin1(unc))
+            << log;
 }

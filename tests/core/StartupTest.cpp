@@ -7,41 +7,40 @@
 
 using namespace twk;
 
+// The switches that are help ("-help", "-HELP", "-?") are tried through Main.
 TEST(CoreStartup, HelpSwitches) {
-    EXPECT_TRUE(isHelpSwitch(QStringLiteral("-help")));
-    EXPECT_TRUE(isHelpSwitch(QStringLiteral("-HELP")));
-    EXPECT_TRUE(isHelpSwitch(QStringLiteral("-?")));
     EXPECT_FALSE(isHelpSwitch(QStringLiteral("-help ")));
     EXPECT_FALSE(isHelpSwitch(QStringLiteral("/?")));
-    EXPECT_EQ(HelpBoxText(),
-              QStringLiteral("command line parameter help:\r\n\r\n-debug  :  start Tarnwick in debug "
-                             "mode\r\n-rtm  :  start the Realtime Event Monitoring at TWK startup   "
-                             "     \r\n-? or -help  :  show this help message\r\n\r\nlogfile.twk  : "
-                             "open the specified logfile at TWK startup\r\n"));
-    EXPECT_EQ(kHelpBoxTitle, QStringLiteral(" TWK - Tarnwick"));
+    EXPECT_EQ(
+        HelpBoxText(),
+        QStringLiteral("command line parameter help:\r\n\r\n-debug  :  start Tarnwick in debug "
+                       "mode\r\n-rtm  :  start the Realtime Event Monitoring at TWK startup   "
+                       "     \r\n-? or -help  :  show this help message\r\n\r\nlogfile.twk  : "
+                       "open the specified logfile at TWK startup\r\n"));
 }
 
 TEST(CoreStartup, TheWholeCommandTailIsOneArgument) {
-    const auto exists = [](const QString& p) { return p == QStringLiteral("/logs/my file.twk"); };
+    const auto exists = [](const QString& p) {
+        return p == QStringLiteral("/logs/my file.twk");
+    };
     EXPECT_EQ(StartArgument({QStringLiteral("/logs/my"), QStringLiteral("file.twk")}),
               QStringLiteral("/logs/my file.twk"));
-    EXPECT_TRUE(EffectOfArgument(QStringLiteral("/logs/my file.twk"), exists).openSavedLogfile);
-
-    const ArgumentEffect rtm = EffectOfArgument(QStringLiteral("-RTM"), exists);
-    EXPECT_TRUE(rtm.startMonitor);
-    EXPECT_FALSE(rtm.backgroundImage);
-    const ArgumentEffect both = EffectOfArgument(QStringLiteral("-rtm -debug"), exists);
-    EXPECT_FALSE(both.startMonitor);
-    EXPECT_FALSE(both.debugMode);
-    EXPECT_FALSE(both.openSavedLogfile);
-    EXPECT_TRUE(both.backgroundImage);
-
-    const ArgumentEffect debug = EffectOfArgument(QStringLiteral("-Debug"), exists);
-    EXPECT_TRUE(debug.debugMode);
-    EXPECT_TRUE(debug.backgroundImage);
-    EXPECT_FALSE(debug.openSavedLogfile);
-    EXPECT_TRUE(EffectOfArgument(QString(), exists).backgroundImage);
-    EXPECT_TRUE(EffectOfArgument(QStringLiteral("\"/logs/my file.twk\""), exists).backgroundImage);
+    const struct {
+        const char* argument;
+        bool debugMode, startMonitor, openSavedLogfile, backgroundImage;
+    } cases[] = {{"/logs/my file.twk", false, false, true, false},
+                 {"-RTM", false, true, false, false},
+                 {"-rtm -debug", false, false, false, true},
+                 {"-Debug", true, false, false, true},
+                 {"", false, false, false, true},
+                 {"\"/logs/my file.twk\"", false, false, false, true}};
+    for (const auto& c : cases) {
+        const ArgumentEffect e = EffectOfArgument(QString::fromLatin1(c.argument), exists);
+        EXPECT_EQ(e.debugMode, c.debugMode) << c.argument;
+        EXPECT_EQ(e.startMonitor, c.startMonitor) << c.argument;
+        EXPECT_EQ(e.openSavedLogfile, c.openSavedLogfile) << c.argument;
+        EXPECT_EQ(e.backgroundImage, c.backgroundImage) << c.argument;
+    }
 }
 
 TEST(CoreStartup, InitWritesTheDefaultsAndSetsTheMenus) {
@@ -58,9 +57,9 @@ TEST(CoreStartup, InitWritesTheDefaultsAndSetsTheMenus) {
     EXPECT_FALSE(engine.view.menuVisible(QStringLiteral("mnuAnalyzer")));
     EXPECT_FALSE(engine.view.menuEnabled(QStringLiteral("mnuTipOfTheDay")));
     EXPECT_FALSE(engine.view.menuEnabled(QStringLiteral("mnuConfigReport")));
-    EXPECT_EQ(engine.registry.Reg_GetValue(Hive::CurrentUser,
-                                           QStringLiteral("Software\\Brindlex\\TWK\\SYS$LOG.ERR\\Column10"),
-                                           QString()),
+    EXPECT_EQ(engine.registry.Reg_GetValue(
+                  Hive::CurrentUser,
+                  QStringLiteral("Software\\Brindlex\\TWK\\SYS$LOG.ERR\\Column10"), QString()),
               QStringLiteral("1220"));
     EXPECT_EQ(engine.sysLogColumnWidths()[0], 25);
     const QByteArray ini = tree.read("app/twk.ini");

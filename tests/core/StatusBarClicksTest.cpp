@@ -69,15 +69,6 @@ TEST_F(StatusBarClicks, TheTipsPaneShowsTheWholeMessageUntilAClick) {
     EXPECT_FALSE(v().simpleMode);
 }
 
-TEST_F(StatusBarClicks, TheMonitorViewKeepsSimpleMode) {
-    v().simpleMode = true;
-    v().CurrentView = views::kRealtimeMonitor;
-    StatusBar1_Click(*f.engine);
-    EXPECT_TRUE(v().simpleMode);
-    StatusBar1_PanelDblClick(*f.engine, FirstEntry);
-    EXPECT_TRUE(f.ui.messages.empty());
-}
-
 TEST_F(StatusBarClicks, EntryPosAndDateOpenTheGoToDialog) {
     std::vector<GotoRequest> requests;
     f.engine->hooks.showGoto = [&](const GotoRequest& r) {
@@ -95,11 +86,17 @@ TEST_F(StatusBarClicks, EntryPosAndDateOpenTheGoToDialog) {
     EXPECT_EQ(requests[1].caption, QStringLiteral(" Goto Date..."));
 }
 
-TEST_F(StatusBarClicks, NothingHappensWithNothingOpen) {
+TEST_F(StatusBarClicks, NothingHappensWithNothingOpenAndTheMonitorKeepsSimpleMode) {
     CloseFile(*f.engine);
     StatusBar1_PanelDblClick(*f.engine, FirstEntry);
     StatusBar1_PanelDblClick(*f.engine, Tips);
     StatusBar1_PanelDblClick(*f.engine, 99);
     EXPECT_FALSE(v().simpleMode);
+
+    v().simpleMode = true;
+    v().CurrentView = views::kRealtimeMonitor;
+    StatusBar1_Click(*f.engine);
+    EXPECT_TRUE(v().simpleMode);
+    StatusBar1_PanelDblClick(*f.engine, FirstEntry);
     EXPECT_TRUE(f.ui.messages.empty());
 }

@@ -31,37 +31,11 @@ protected:
                                      QDateTime(QDate(2024, 5, 3), QTime(14, 5, 9)),
                                      QStringLiteral("FS1.ACME")));
     }
-    /// Chooses CONSOLE.LOG in the list and drives the history while it is up. Filling
-    /// the list yields to the event loop before the dialog shows, so a timer watches
-    /// for it; a dialog the steps left open is cancelled.
+    /// Chooses CONSOLE.LOG in the list and drives the history while it is up.
     bool drive(const std::function<void(gui::frmConsoleLogFiles&)>& steps) {
-        bool shown = false;
-        QTimer watch;
-        watch.setInterval(10);
-        int ticks = 0;
-        QObject::connect(&watch, &QTimer::timeout, [&] {
-            QWidget* modal = QApplication::activeModalWidget();
-            auto* form = qobject_cast<gui::frmConsoleLogFiles*>(modal);
-            if (form == nullptr || !form->isVisible()) {
-                // Something else came up instead (a message box): close it rather than
-                // wait for ever.
-                if (++ticks > 500 && modal != nullptr) {
-                    watch.stop();
-                    modal->close();
-                }
-                return;
-            }
-            watch.stop();
-            shown = true;
-            test::activate(form);
-            steps(*form);
-            if (form->isVisible())
-                form->reject();
-        });
-        watch.start();
-        WindowFixture::choose(f.window->cbLogFile(), QStringLiteral("CONSOLE.LOG"));
-        QCoreApplication::processEvents();
-        return shown;
+        return test::driveModal<gui::frmConsoleLogFiles>(
+            [&] { WindowFixture::choose(f.window->cbLogFile(), QStringLiteral("CONSOLE.LOG")); },
+            steps);
     }
     static void clickRow(QTableWidget* table, int row) {
         const QRect cell = table->visualRect(table->model()->index(row, 1));

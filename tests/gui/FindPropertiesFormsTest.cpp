@@ -61,8 +61,15 @@ TEST_F(FindForm, OpensBesideTheWindowWithItsPrompt) {
     EXPECT_FALSE(find->cmdFind()->isEnabled()) << "enabled by typing";
     EXPECT_FALSE(find->cmdNext()->isEnabled());
     EXPECT_EQ(gui::findPlace(QRect(100, 50, 800, 600)), QPoint(110, 294));
-    QTest::keyClicks(find->txtString(), QStringLiteral("x"));
+    QTest::keyClicks(find->txtString(), QStringLiteral("no such text anywhere"));
     EXPECT_TRUE(find->cmdFind()->isEnabled());
+
+    // Enter starts the search; a text without a hit ends quietly.
+    QTest::keyClick(find->txtString(), Qt::Key_Return);
+    EXPECT_EQ(find->model().state(), FrmFind::State::Idle);
+    EXPECT_EQ(find->model().hits(), 0);
+    EXPECT_EQ(find->lbRecord()->text(), QStringLiteral(" search completed... "));
+    EXPECT_TRUE(f.ui.messages.empty());
 }
 
 TEST_F(FindForm, PausesAtEachHitUntilNextAndEndsCompleted) {
@@ -84,8 +91,7 @@ TEST_F(FindForm, PausesAtEachHitUntilNextAndEndsCompleted) {
         ASSERT_NE(properties(), nullptr);
         EXPECT_TRUE(properties()->isVisible()) << "each hit opens the event properties";
         EXPECT_EQ(properties()->model().row, stops.back());
-        EXPECT_EQ(f.window->StatusBar1()->pane(1)->text(),
-                  test::cell(*f.engine, stops.back(), 7) + QStringLiteral("/40"));
+        EXPECT_EQ(f.paneText(1), test::cell(*f.engine, stops.back(), 7) + QStringLiteral("/40"));
         QTest::mouseClick(find->cmdNext(), Qt::LeftButton);
     }
     EXPECT_EQ(stops, hits);
@@ -95,15 +101,6 @@ TEST_F(FindForm, PausesAtEachHitUntilNextAndEndsCompleted) {
     EXPECT_TRUE(find->cmdFind()->isEnabled());
     EXPECT_FALSE(find->cmdNext()->isEnabled());
     EXPECT_TRUE(f.ui.messages.empty()) << "the end of a search gives no message";
-}
-
-TEST_F(FindForm, EnterStartsTheSearchAndATextWithoutHitEndsQuietly) {
-    QTest::keyClicks(find->txtString(), QStringLiteral("no such text anywhere"));
-    QTest::keyClick(find->txtString(), Qt::Key_Return);
-    EXPECT_EQ(find->model().state(), FrmFind::State::Idle);
-    EXPECT_EQ(find->model().hits(), 0);
-    EXPECT_EQ(find->lbRecord()->text(), QStringLiteral(" search completed... "));
-    EXPECT_TRUE(f.ui.messages.empty());
 }
 
 TEST_F(FindForm, HiddenRowsOfTheEventViewAreSkipped) {
@@ -117,7 +114,7 @@ TEST_F(FindForm, HiddenRowsOfTheEventViewAreSkipped) {
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), all[1]);
 }
 
-TEST_F(FindForm, TheMenuDuringAWaitKeepsTheSearch) {
+TEST_F(FindForm, TheMenuAtAHitKeepsTheSearchAndEscapeEndsIt) {
     QTest::keyClicks(find->txtString(), sharedWord());
     QTest::mouseClick(find->cmdFind(), Qt::LeftButton);
     ASSERT_EQ(find->model().state(), FrmFind::State::WaitingAtHit);
@@ -126,12 +123,6 @@ TEST_F(FindForm, TheMenuDuringAWaitKeepsTheSearch) {
     EXPECT_EQ(find->model().state(), FrmFind::State::WaitingAtHit);
     EXPECT_TRUE(find->cmdNext()->isEnabled());
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), hit);
-}
-
-TEST_F(FindForm, EscapeAtAHitEndsTheWalkAndClosesTheProperties) {
-    QTest::keyClicks(find->txtString(), sharedWord());
-    QTest::mouseClick(find->cmdFind(), Qt::LeftButton);
-    ASSERT_EQ(find->model().state(), FrmFind::State::WaitingAtHit);
     ASSERT_TRUE(properties()->isVisible());
     QTest::keyClick(find, Qt::Key_Escape);
     EXPECT_FALSE(find->isVisible());
@@ -147,7 +138,7 @@ TEST_F(FindForm, EscapeAtAHitEndsTheWalkAndClosesTheProperties) {
     EXPECT_EQ(find->lbRecord()->text(), QStringLiteral(" please enter the string... "));
 }
 
-TEST(FindFormViews, TheCronViewFindsHiddenRowsAndCountsRows) {
+TEST(CronView, FindsHiddenRowsCountsRowsAndOpensNoProperties) {
     WindowFixture f;
     f.startWindow();
     test::loadKind(f, views::kCronlog, test::cronlogBytes());
@@ -159,10 +150,13 @@ TEST(FindFormViews, TheCronViewFindsHiddenRowsAndCountsRows) {
     QTest::mouseClick(find->cmdFind(), Qt::LeftButton);
     ASSERT_EQ(find->model().state(), FrmFind::State::WaitingAtHit);
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), 4) << "found, though hidden";
-    EXPECT_EQ(f.window->StatusBar1()->pane(1)->text(), QStringLiteral("4/8"));
+    EXPECT_EQ(f.paneText(1), QStringLiteral("4/8"));
     EXPECT_EQ(f.window->logDialogs().propertiesForm(), nullptr) << "properties are for events";
     QTest::mouseClick(find->cmdNext(), Qt::LeftButton);
     EXPECT_EQ(find->lbRecord()->text(), QStringLiteral(" search completed... "));
+    QTest::keyClick(f.window->Grid1(), Qt::Key_Return);
+    EXPECT_EQ(f.window->logDialogs().propertiesForm(), nullptr) << "nor on a double click";
+    EXPECT_TRUE(f.ui.messages.empty());
 }
 
 namespace {
@@ -204,12 +198,13 @@ TEST_F(PropertiesForm, EnterOnTheGridShowsTheRowInFull) {
     EXPECT_FALSE(form->isModal());
     EXPECT_EQ(form->windowTitle(), QStringLiteral(" Event-Properties"));
     expectRow(form, 3);
-    EXPECT_EQ(text(form, "lbDate"), test::cell(*f.engine, 3, 2).trimmed());
-    EXPECT_EQ(text(form, "lbTime"), test::cell(*f.engine, 3, 3).trimmed());
-    EXPECT_EQ(text(form, "lbStatus"), test::cell(*f.engine, 3, 4).trimmed());
-    EXPECT_EQ(text(form, "lbSource"), test::cell(*f.engine, 3, 5).trimmed());
-    EXPECT_EQ(text(form, "lbCategory"), test::cell(*f.engine, 3, 6).trimmed());
-    EXPECT_EQ(text(form, "lbErrorNumber"), test::cell(*f.engine, 3, 9).trimmed());
+    for (const auto& [label, col] : {std::pair{"lbDate", 2},
+                                     {"lbTime", 3},
+                                     {"lbStatus", 4},
+                                     {"lbSource", 5},
+                                     {"lbCategory", 6},
+                                     {"lbErrorNumber", 9}})
+        EXPECT_EQ(text(form, label), test::cell(*f.engine, 3, col).trimmed()) << label;
     EXPECT_EQ(text(form, "lbStatusDesc"), form->model().lbStatusDesc.text);
     EXPECT_FALSE(text(form, "lbStatusDesc").isEmpty());
     EXPECT_FALSE(form->picStatus()->pixmap().isNull());
@@ -225,8 +220,7 @@ TEST_F(PropertiesForm, PageKeysWalkOverHiddenRowsAndStopAtTheEnds) {
     f.engine->Grid1.setRowVisible(3, false);
     QTest::keyClick(form, Qt::Key_PageDown);
     expectRow(form, 4);
-    EXPECT_EQ(f.window->StatusBar1()->pane(1)->text(),
-              test::cell(*f.engine, 4, 7) + QStringLiteral("/40"));
+    EXPECT_EQ(f.paneText(1), test::cell(*f.engine, 4, 7) + QStringLiteral("/40"));
     QTest::keyClick(form, Qt::Key_PageUp);
     expectRow(form, 2);
     QTest::mouseClick(form->cmdUp(), Qt::LeftButton);
@@ -245,7 +239,7 @@ TEST_F(PropertiesForm, PageKeysWalkOverHiddenRowsAndStopAtTheEnds) {
     expectRow(last, 38);
 }
 
-TEST_F(PropertiesForm, CopyPutsTheEventOnTheClipboard) {
+TEST_F(PropertiesForm, CopyPutsTheEventOnTheClipboardAndEscapeAndExitClose) {
     gui::frmEventProperties* form = openOn(5);
     QTest::mouseClick(form->cmdCopy(), Qt::LeftButton);
     const QString copied = QGuiApplication::clipboard()->text();
@@ -253,6 +247,13 @@ TEST_F(PropertiesForm, CopyPutsTheEventOnTheClipboard) {
     EXPECT_TRUE(copied.startsWith(QStringLiteral(" \r\nEvent # ") + text(form, "lbEventNumber") +
                                   QStringLiteral("\r\n \r\nDate: ")));
     EXPECT_TRUE(copied.endsWith(text(form, "lbErrorMessage") + QStringLiteral("\r\n \r\n \r\n")));
+
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_FALSE(form->model().visible);
+    form = openOn(4);
+    QTest::mouseClick(form->cmdExit(), Qt::LeftButton);
+    EXPECT_FALSE(form->isVisible());
 }
 
 TEST_F(PropertiesForm, SourceHelpAndFileHookDecoding) {
@@ -310,25 +311,6 @@ TEST_F(PropertiesForm, UnknownStatusAndTypeAreLinksToTheirHelp) {
     const std::size_t before = f.ui.messages.size();
     QTest::mouseClick(form->label(QStringLiteral("lbStatus")), Qt::LeftButton);
     EXPECT_EQ(f.ui.messages.size(), before) << "a plain status is no link";
-}
-
-TEST_F(PropertiesForm, EscapeAndExitClose) {
-    gui::frmEventProperties* form = openOn(4);
-    QTest::keyClick(form, Qt::Key_Escape);
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_FALSE(form->model().visible);
-    form = openOn(4);
-    QTest::mouseClick(form->cmdExit(), Qt::LeftButton);
-    EXPECT_FALSE(form->isVisible());
-}
-
-TEST(PropertiesFormViews, OtherLogViewsOpenNothing) {
-    WindowFixture f;
-    f.startWindow();
-    test::loadKind(f, views::kCronlog, test::cronlogBytes());
-    QTest::keyClick(f.window->Grid1(), Qt::Key_Return);
-    EXPECT_EQ(f.window->logDialogs().propertiesForm(), nullptr);
-    EXPECT_TRUE(f.ui.messages.empty());
 }
 
 TEST(PropertiesFormViews, TheMonitorKeepsItsOwnDoubleClick) {

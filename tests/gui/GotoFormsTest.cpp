@@ -31,7 +31,6 @@ protected:
         field->setFocus();
         QTest::keyClicks(field, text);
     }
-    QString pane1() const { return f.window->StatusBar1()->pane(1)->text(); }
 
     WindowFixture f;
 };
@@ -68,53 +67,56 @@ TEST_F(GotoForm, AnEventNumberMovesTheSelectionAndCloses) {
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), test::rowOfEvent(*f.engine, 5));
     EXPECT_EQ(f.window->Grid1()->selectionModel()->currentIndex().row() + 1,
               test::rowOfEvent(*f.engine, 5));
-    EXPECT_EQ(pane1(), QStringLiteral("5/40"));
+    EXPECT_EQ(f.paneText(1), QStringLiteral("5/40"));
     EXPECT_TRUE(f.ui.messages.empty());
 }
 
-TEST_F(GotoForm, NumbersOutsideTheRangeAreRefusedAndTheDialogStays) {
+TEST_F(GotoForm, BadNumbersHiddenEventsAndUnknownDatesAreSaidAndTheDialogStays) {
+    f.engine->Grid1.setRowVisible(test::rowOfEvent(*f.engine, 7), false);
+    const auto retype = [](gui::frmGoto& form, QLineEdit* field, QString& modelText,
+                           const QString& text) {
+        field->clear();
+        modelText.clear();
+        typeInto(field, text);
+        if (field == form.txtEvent()) // the button for numbers, Enter for dates
+            QTest::mouseClick(form.cmdGoto(), Qt::LeftButton);
+        else
+            QTest::keyClick(field, Qt::Key_Return);
+        EXPECT_TRUE(form.isVisible()) << text.toStdString();
+        EXPECT_TRUE(field->hasFocus()) << text.toStdString();
+    };
     ASSERT_TRUE(drive([&](gui::frmGoto& form) {
         for (const char* bad : {"0", "41", "-3"}) {
-            form.txtEvent()->clear();
-            form.model().txtEvent.text.clear();
-            typeInto(form.txtEvent(), QString::fromLatin1(bad));
-            QTest::mouseClick(form.cmdGoto(), Qt::LeftButton);
+            retype(form, form.txtEvent(), form.model().txtEvent.text, QString::fromLatin1(bad));
             EXPECT_EQ(test::lastMessage(f), QStringLiteral("Invalid Value!")) << bad;
             EXPECT_EQ(f.ui.messages.back().icon, MsgIcon::Exclamation);
-            EXPECT_TRUE(form.isVisible()) << bad;
-            EXPECT_TRUE(form.txtEvent()->hasFocus()) << bad;
         }
-    }));
-    EXPECT_EQ(f.ui.messages.size(), 3u);
-    EXPECT_EQ(f.engine->Grid1.SelectedRow(), 1) << "the selection stays";
-}
-
-TEST_F(GotoForm, AHiddenTargetSaysTheViewIsFiltered) {
-    const int target = test::rowOfEvent(*f.engine, 7);
-    f.engine->Grid1.setRowVisible(target, false);
-    ASSERT_TRUE(drive([&](gui::frmGoto& form) {
-        typeInto(form.txtEvent(), QStringLiteral("7"));
-        QTest::mouseClick(form.cmdGoto(), Qt::LeftButton);
+        retype(form, form.txtEvent(), form.model().txtEvent.text, QStringLiteral("7"));
         EXPECT_EQ(
             test::lastMessage(f),
             QStringLiteral("Event 7 is not visible,\r\nthe view is currently filtered.     "));
-        EXPECT_TRUE(form.isVisible());
         EXPECT_TRUE(form.txtEvent()->text().isEmpty());
+
+        retype(form, form.txtDate(), form.model().txtDate.text, QStringLiteral("12"));
+        EXPECT_EQ(test::lastMessage(f), QStringLiteral("Invalid Value!"));
+        retype(form, form.txtDate(), form.model().txtDate.text, QStringLiteral("31.12.1999"));
+        EXPECT_EQ(test::lastMessage(f), QStringLiteral("Date \"31.12.1999\" was not found!     "));
     }));
-    EXPECT_NE(f.engine->Grid1.SelectedRow(), target);
+    EXPECT_EQ(f.ui.messages.size(), 6u);
+    EXPECT_EQ(f.engine->Grid1.SelectedRow(), 1) << "the selection stays";
 }
 
 TEST_F(GotoForm, ADateGoesToItsFirstVisibleRow) {
     const QString date = test::cell(*f.engine, 10, 2).trimmed();
-    int first = 0;
-    for (int r = 1; r <= 40 && first == 0; ++r)
-        if (test::cell(*f.engine, r, 2).trimmed() == date)
-            first = r;
+    const auto nextRowOfDate = [&](int after) {
+        for (int r = after + 1; r <= 40; ++r)
+            if (test::cell(*f.engine, r, 2).trimmed() == date)
+                return r;
+        return 0;
+    };
+    const int first = nextRowOfDate(0);
     f.engine->Grid1.setRowVisible(first, false);
-    int firstVisible = 0;
-    for (int r = first + 1; r <= 40 && firstVisible == 0; ++r)
-        if (test::cell(*f.engine, r, 2).trimmed() == date)
-            firstVisible = r;
+    const int firstVisible = nextRowOfDate(first);
     ASSERT_GT(firstVisible, 0);
     ASSERT_TRUE(drive([&](gui::frmGoto& form) {
         typeInto(form.txtDate(), date);
@@ -122,21 +124,6 @@ TEST_F(GotoForm, ADateGoesToItsFirstVisibleRow) {
         EXPECT_FALSE(form.isVisible());
     }));
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), firstVisible);
-}
-
-TEST_F(GotoForm, UnknownAndShortDatesAreSaid) {
-    ASSERT_TRUE(drive([&](gui::frmGoto& form) {
-        typeInto(form.txtDate(), QStringLiteral("12"));
-        QTest::keyClick(form.txtDate(), Qt::Key_Return);
-        EXPECT_EQ(test::lastMessage(f), QStringLiteral("Invalid Value!"));
-        form.txtDate()->clear();
-        form.model().txtDate.text.clear();
-        typeInto(form.txtDate(), QStringLiteral("31.12.1999"));
-        QTest::keyClick(form.txtDate(), Qt::Key_Return);
-        EXPECT_EQ(test::lastMessage(f), QStringLiteral("Date \"31.12.1999\" was not found!     "));
-        EXPECT_TRUE(form.txtDate()->hasFocus());
-        EXPECT_TRUE(form.isVisible());
-    }));
 }
 
 TEST_F(GotoForm, EscapeAndCancelClose) {
@@ -184,7 +171,7 @@ TEST(GotoCron, TheDateFieldIsOffAndRowsAreNumbers) {
             EXPECT_FALSE(form.isVisible());
         }));
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), 3) << "visibility is not tested for rows";
-    EXPECT_EQ(f.window->StatusBar1()->pane(1)->text(), QStringLiteral("3/8"));
+    EXPECT_EQ(f.paneText(1), QStringLiteral("3/8"));
 }
 
 namespace {
@@ -208,8 +195,8 @@ protected:
 } // namespace
 
 TEST_F(ConsoleNavigator, OpensOnErrorsAndWarnings) {
-    EXPECT_TRUE(f.window->menus().action(QStringLiteral("mnuAnalyzer"))->isVisible());
-    EXPECT_FALSE(f.window->menus().action(QStringLiteral("mnuGoto"))->isVisible());
+    EXPECT_TRUE(f.menu("mnuAnalyzer")->isVisible());
+    EXPECT_FALSE(f.menu("mnuGoto")->isVisible());
     ASSERT_TRUE(drive([&](gui::frmGotoConsole& form) {
         EXPECT_EQ(form.windowTitle(), QStringLiteral(" CONSOLE.LOG - Analyzer"));
         EXPECT_EQ(form.lbRange()->text(), QStringLiteral("valid range -> 1 - 10"));
@@ -247,7 +234,7 @@ TEST_F(ConsoleNavigator, FunctionKeysMoveAndStopAtTheEnds) {
         QTest::keyClick(&form, Qt::Key_F12);
         EXPECT_EQ(form.model().EventType(), kDateEntries);
         EXPECT_EQ(selected(), 1);
-        EXPECT_EQ(f.window->StatusBar1()->pane(1)->text(), QStringLiteral("1/10"));
+        EXPECT_EQ(f.paneText(1), QStringLiteral("1/10"));
         EXPECT_TRUE(form.isVisible());
     }));
 }
@@ -275,7 +262,7 @@ TEST_F(ConsoleNavigator, DigitsJumpToARowAndOtherCharactersAreDropped) {
         EXPECT_EQ(form.txtbRow()->text(), QStringLiteral("3"));
         QTest::keyClick(form.txtbRow(), Qt::Key_Return);
         EXPECT_EQ(selected(), 3);
-        EXPECT_EQ(f.window->StatusBar1()->pane(1)->text(), QStringLiteral("3/10"));
+        EXPECT_EQ(f.paneText(1), QStringLiteral("3/10"));
         EXPECT_TRUE(form.txtbRow()->text().isEmpty());
 
         QTest::keyClicks(form.txtbRow(), QStringLiteral("99"));

@@ -4,10 +4,14 @@
 #include "core/MainWindowSupport.h"
 #include "gui/GridView.h"
 #include "gui/ImageList.h"
+#include "gui/MainMenus.h"
 #include "gui/Mainfrm.h"
+#include "gui/StatusPanes.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QDir>
+#include <QLabel>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -24,8 +28,8 @@ inline const gui::ImageList& testImages() {
 
 class WindowFixture : public MainWindowFixture {
 public:
-    explicit WindowFixture(bool withNetwork = true, int entries = 40)
-        : MainWindowFixture(withNetwork, entries),
+    explicit WindowFixture(bool withNetwork = true)
+        : MainWindowFixture(withNetwork),
           window(std::make_unique<gui::Mainfrm>(*engine, testImages())) {}
 
     /// Runs the start and shows the window.
@@ -45,6 +49,11 @@ public:
     void loadLog() {
         choose(window->cbLogFile(), QStringLiteral("SYS$LOG.ERR"));
         ASSERT_EQ(engine->Grid1.Rows(), 40);
+    }
+    /// The text of a status pane as the window shows it.
+    QString paneText(int pane) const { return window->StatusBar1()->pane(pane)->text(); }
+    QAction* menu(const char* name) const {
+        return window->menus().action(QString::fromLatin1(name));
     }
 
     std::unique_ptr<gui::Mainfrm> window;

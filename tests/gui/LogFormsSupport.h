@@ -5,18 +5,12 @@
 #include "GuiSupport.h"
 #include "core/MainKeys.h"
 #include "gui/LogDialogs.h"
-#include "gui/MainMenus.h"
-#include "gui/StatusPanes.h"
 #include "logs/LogPipeline.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QFile>
-#include <QFileInfo>
 #include <QTimer>
 
 #include <functional>
-#include <string_view>
 #include <vector>
 
 namespace twk::test {
@@ -63,22 +57,36 @@ inline bool activate(QWidget* window) {
     return QTest::qWaitFor([window] { return window->isActiveWindow(); }, 2000);
 }
 
-/// Runs `open`, which shows a modal dialog, and `drive` on that dialog while it is up;
-/// a dialog that `drive` left open is cancelled. False when no such dialog came up.
+/// Runs `open`, which shows a modal dialog, and `drive` on that dialog once it is up (a
+/// timer watches for it: opening may yield to the event loop first); a dialog that
+/// `drive` left open is cancelled. False when no such dialog came up; another modal
+/// window that stands in its way is closed rather than waited on for ever.
 template <typename Form>
 bool driveModal(const std::function<void()>& open, const std::function<void(Form&)>& drive) {
     bool shown = false;
-    QTimer::singleShot(0, [&] {
-        auto* form = qobject_cast<Form*>(QApplication::activeModalWidget());
-        if (form == nullptr)
+    int ticks = 0;
+    QTimer watch;
+    watch.setInterval(10);
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        auto* form = qobject_cast<Form*>(modal);
+        if (form == nullptr || !form->isVisible()) {
+            if (++ticks > 500 && modal != nullptr) {
+                watch.stop();
+                modal->close();
+            }
             return;
+        }
+        watch.stop();
         shown = true;
         activate(form);
         drive(*form);
         if (form->isVisible())
             form->reject();
     });
+    watch.start();
     open();
+    watch.stop();
     QCoreApplication::processEvents();
     return shown;
 }

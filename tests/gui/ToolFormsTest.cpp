@@ -19,9 +19,17 @@
 using namespace twk;
 using test::WindowFixture;
 
-TEST(ErrorCodeForm, TypesOnlyCodeCharactersAndConvertsOnEnter) {
+namespace {
+
+class ToolForms : public ::testing::Test {
+protected:
+    void SetUp() override { f.startWindow(); }
     WindowFixture f;
-    f.startWindow();
+};
+
+} // namespace
+
+TEST_F(ToolForms, ErrorCodesTypeOnlyCodeCharactersAndConvertOnEnter) {
     ASSERT_TRUE(test::driveModal<gui::frmErrorCode>(
         [&] { test::trigger(f, "mnuErrCode"); },
         [&](gui::frmErrorCode& form) {
@@ -55,9 +63,7 @@ TEST(ErrorCodeForm, TypesOnlyCodeCharactersAndConvertsOnEnter) {
     EXPECT_TRUE(f.ui.messages.empty());
 }
 
-TEST(ErrorCodeForm, ANumberThatIsNoCodeIsSaidInTheResult) {
-    WindowFixture f;
-    f.startWindow();
+TEST_F(ToolForms, AnErrorNumberThatIsNoCodeIsSaidInTheResult) {
     gui::frmErrorCode form(*f.engine, f.window.get());
     form.show();
     ASSERT_TRUE(test::activate(&form));
@@ -71,11 +77,9 @@ TEST(ErrorCodeForm, ANumberThatIsNoCodeIsSaidInTheResult) {
     EXPECT_TRUE(f.ui.messages.empty());
 }
 
-TEST(IconHelp, StatusIconsHaveTwoPagesThatWrap) {
-    WindowFixture f;
-    f.startWindow();
+TEST_F(ToolForms, StatusIconsHaveTwoPagesThatWrap) {
     f.loadLog();
-    ASSERT_TRUE(f.window->menus().action(QStringLiteral("mnuStatusIcons"))->isVisible());
+    ASSERT_TRUE(f.menu("mnuStatusIcons")->isVisible());
     ASSERT_TRUE(test::driveModal<gui::frmStatusIcons>(
         [&] { test::trigger(f, "mnuStatusIcons"); },
         [&](gui::frmStatusIcons& form) {
@@ -104,9 +108,7 @@ TEST(IconHelp, StatusIconsHaveTwoPagesThatWrap) {
         }));
 }
 
-TEST(IconHelp, EventIconsHaveThreePagesThatWrap) {
-    WindowFixture f;
-    f.startWindow();
+TEST_F(ToolForms, EventIconsHaveThreePagesThatWrap) {
     f.loadLog();
     ASSERT_TRUE(test::driveModal<gui::frmEventIcons>(
         [&] { test::trigger(f, "mnuEventIcons"); },
@@ -167,6 +169,15 @@ protected:
         };
     }
     gui::LogDialogs& dialogs() { return f.window->logDialogs(); }
+    /// Saves the view as `name` and has the open dialog offer that file next.
+    void save(const char* name = "saved.twk") {
+        savePath = f.tree.path(QString::fromLatin1(name));
+        test::trigger(f, "mnuSave");
+        openPath = savePath;
+    }
+    bool open(const std::function<void(gui::frmOpenFile&)>& steps) {
+        return test::driveModal<gui::frmOpenFile>([&] { test::trigger(f, "mnuOpen"); }, steps);
+    }
 
     WindowFixture f;
     std::vector<SaveDialogRequest> saveRequests;
@@ -199,27 +210,22 @@ TEST_F(SavedLogfiles, SaveAsksWithTitleAndFiltersThenWritesAllRows) {
 }
 
 TEST_F(SavedLogfiles, OpenShowsTheFactsAndReadsTheFile) {
-    savePath = f.tree.path(QStringLiteral("saved.twk"));
-    test::trigger(f, "mnuSave");
+    save();
     const QString first = f.engine->view.pane(FirstEntry).text;
     test::trigger(f, "mnuCloseFile");
     ASSERT_EQ(f.engine->Grid1.Rows(), 0);
 
-    openPath = savePath;
-    ASSERT_TRUE(test::driveModal<gui::frmOpenFile>(
-        [&] { test::trigger(f, "mnuOpen"); },
-        [&](gui::frmOpenFile& form) {
-            EXPECT_EQ(form.label(QStringLiteral("lbLogfile"))->text(),
-                      QStringLiteral("SYS$LOG.ERR"));
-            EXPECT_EQ(form.label(QStringLiteral("lbServer"))->text(), QStringLiteral("FS1"));
-            EXPECT_EQ(form.label(QStringLiteral("lbRecords"))->text(), QStringLiteral("40"));
-            EXPECT_EQ(form.label(QStringLiteral("lbFirstEntry"))->text(), first);
-            EXPECT_EQ(form.label(QStringLiteral("lbLogFilePath"))->text(), openPath);
-            QTest::mouseClick(form.cmdOpen(), Qt::LeftButton);
-            EXPECT_FALSE(form.isVisible());
-            EXPECT_EQ(form.ProgressBar1()->value(), 100);
-            EXPECT_EQ(form.result(), SavedLoadResult::Loaded);
-        }));
+    ASSERT_TRUE(open([&](gui::frmOpenFile& form) {
+        EXPECT_EQ(form.label(QStringLiteral("lbLogfile"))->text(), QStringLiteral("SYS$LOG.ERR"));
+        EXPECT_EQ(form.label(QStringLiteral("lbServer"))->text(), QStringLiteral("FS1"));
+        EXPECT_EQ(form.label(QStringLiteral("lbRecords"))->text(), QStringLiteral("40"));
+        EXPECT_EQ(form.label(QStringLiteral("lbFirstEntry"))->text(), first);
+        EXPECT_EQ(form.label(QStringLiteral("lbLogFilePath"))->text(), openPath);
+        QTest::mouseClick(form.cmdOpen(), Qt::LeftButton);
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(form.ProgressBar1()->value(), 100);
+        EXPECT_EQ(form.result(), SavedLoadResult::Loaded);
+    }));
     ASSERT_EQ(openFolders.size(), 1u);
     EXPECT_EQ(openFolders[0], f.engine->paths.appFolder);
     EXPECT_EQ(f.engine->Grid1.Rows(), 40);
@@ -231,12 +237,8 @@ TEST_F(SavedLogfiles, OpenShowsTheFactsAndReadsTheFile) {
 TEST_F(SavedLogfiles, CancelledOpensChangeNothing) {
     test::trigger(f, "mnuOpen"); // no file chosen
     EXPECT_EQ(f.engine->Grid1.Rows(), 40);
-    savePath = f.tree.path(QStringLiteral("saved.twk"));
-    test::trigger(f, "mnuSave");
-    openPath = savePath;
-    ASSERT_TRUE(test::driveModal<gui::frmOpenFile>(
-        [&] { test::trigger(f, "mnuOpen"); },
-        [](gui::frmOpenFile& form) { QTest::keyClick(&form, Qt::Key_Escape); }));
+    save();
+    ASSERT_TRUE(open([](gui::frmOpenFile& form) { QTest::keyClick(&form, Qt::Key_Escape); }));
     EXPECT_FALSE(f.window->windowTitle().contains(QStringLiteral("LOGFILE:")));
     EXPECT_EQ(f.engine->Grid1.Rows(), 40);
 }
@@ -257,12 +259,9 @@ TEST_F(SavedLogfiles, ReloadAsksAndReadsTheLiveLogAgain) {
 }
 
 TEST_F(SavedLogfiles, ReloadOfASavedViewOpensItsFileAnew) {
-    savePath = f.tree.path(QStringLiteral("Saved.twk"));
-    test::trigger(f, "mnuSave");
-    openPath = savePath;
-    ASSERT_TRUE(test::driveModal<gui::frmOpenFile>(
-        [&] { test::trigger(f, "mnuOpen"); },
-        [](gui::frmOpenFile& form) { QTest::mouseClick(form.cmdOpen(), Qt::LeftButton); }));
+    save("Saved.twk");
+    ASSERT_TRUE(
+        open([](gui::frmOpenFile& form) { QTest::mouseClick(form.cmdOpen(), Qt::LeftButton); }));
     f.engine->Grid1.setRowVisible(3, false);
     test::trigger(f, "mnuReload");
     EXPECT_EQ(f.engine->Grid1.Rows(), 40);
