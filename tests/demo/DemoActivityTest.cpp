@@ -24,8 +24,8 @@ TEST(DemoActivity, AppendsEventsToTheDemoServersLogs) {
     DemoNetworkOptions o;
     o.sysLogEntries = 50;
     ASSERT_TRUE(createDemoNetwork(folder, o).ok);
-    const QString fs1 = folder + QStringLiteral("/servers/FS1/SYS/SYSTEM/SYS$LOG.ERR");
-    const QString fs2 = folder + QStringLiteral("/servers/FS2/SYS/SYSTEM/SYS$LOG.ERR");
+    const QString fs1 = folder + "/servers/FS1/SYS/SYSTEM/SYS$LOG.ERR";
+    const QString fs2 = folder + "/servers/FS2/SYS/SYSTEM/SYS$LOG.ERR";
     const qint64 fs1Before = sizeOf(fs1);
     const qint64 fs2Before = sizeOf(fs2);
 
@@ -36,9 +36,7 @@ TEST(DemoActivity, AppendsEventsToTheDemoServersLogs) {
     QStringList servers;
     for (int i = 0; i < 5; ++i)
         servers << activity.appendEvent();
-    EXPECT_EQ(servers,
-              (QStringList{QStringLiteral("FS1"), QStringLiteral("FS1"), QStringLiteral("FS1"),
-                           QStringLiteral("FS1"), QStringLiteral("FS2")}));
+    EXPECT_EQ(servers, (QStringList{"FS1", "FS1", "FS1", "FS1", "FS2"}));
     EXPECT_GT(sizeOf(fs1), fs1Before);
     EXPECT_GT(sizeOf(fs2), fs2Before);
     QFile f(fs1);
@@ -59,8 +57,7 @@ TEST(DemoActivity, RunsOnATimerOnlyOnADemoNetwork) {
     DemoNetworkOptions o;
     o.sysLogEntries = 10;
     ASSERT_TRUE(createDemoNetwork(tree.paths().networkFolder, o).ok);
-    const QString fs1 =
-        tree.paths().networkFolder + QStringLiteral("/servers/FS1/SYS/SYSTEM/SYS$LOG.ERR");
+    const QString fs1 = tree.paths().networkFolder + "/servers/FS1/SYS/SYSTEM/SYS$LOG.ERR";
     const qint64 before = sizeOf(fs1);
     DemoActivity activity(tree.paths().networkFolder, 1, 1);
     ASSERT_TRUE(activity.start());

@@ -19,7 +19,7 @@ const QDateTime kEnd(QDate(2024, 3, 14), QTime(16, 5, 9));
 
 QStringList linesOf(const QByteArray& bytes) {
     EXPECT_TRUE(bytes.endsWith("\r\n"));
-    QStringList lines = QString::fromLatin1(bytes).split(QStringLiteral("\r\n"));
+    QStringList lines = QString::fromLatin1(bytes).split("\r\n");
     lines.removeLast();
     for (const QString& line : lines)
         EXPECT_FALSE(line.contains(u'\r') || line.contains(u'\n')) << "lines end in CR LF only";
@@ -67,32 +67,28 @@ ConsoleLogOptions console(LogLanguage language) {
 
 TEST(DemoTime, StampsOfBothLanguages) {
     const QDateTime t(QDate(2003, 1, 5), QTime(8, 0, 12, 15));
-    EXPECT_EQ(consoleStamp(t, LogLanguage::English), QStringLiteral("1-5-2003   8:00:12 am"));
-    EXPECT_EQ(consoleStamp(t.addSecs(6 * 3600), LogLanguage::English),
-              QStringLiteral("1-5-2003   2:00:12 pm"));
-    EXPECT_EQ(consoleStamp(t, LogLanguage::German), QStringLiteral("05.01.2003  08:00:12"));
-    EXPECT_EQ(abendStamp(t, LogLanguage::English),
-              QStringLiteral("Sunday, January 5, 2003   8:00:12.015 am"));
-    EXPECT_EQ(abendStamp(t, LogLanguage::German),
-              QStringLiteral("Sonntag, 5. Januar 2003  08:00:12.015"));
+    EXPECT_EQ(consoleStamp(t, LogLanguage::English), "1-5-2003   8:00:12 am");
+    EXPECT_EQ(consoleStamp(t.addSecs(6 * 3600), LogLanguage::English), "1-5-2003   2:00:12 pm");
+    EXPECT_EQ(consoleStamp(t, LogLanguage::German), "05.01.2003  08:00:12");
+    EXPECT_EQ(abendStamp(t, LogLanguage::English), "Sunday, January 5, 2003   8:00:12.015 am");
+    EXPECT_EQ(abendStamp(t, LogLanguage::German), "Sonntag, 5. Januar 2003  08:00:12.015");
     EXPECT_EQ(secondsBefore(t, 12), QDateTime(QDate(2003, 1, 5), QTime(8, 0, 0)));
 }
 
 TEST(ConsoleLogWriter, AnEnglishLogShowsLoadsUnloadsErrorsAndDates) {
     const QStringList lines = linesOf(consoleLogBytes(console(LogLanguage::English)));
     ASSERT_GT(lines.size(), 200);
-    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("System console logging started 3-8-2024")));
-    EXPECT_GE(count(lines, QStringLiteral("loading")), 12);
-    EXPECT_GE(count(lines, QStringLiteral("unloaded")), 1);
-    EXPECT_GE(count(lines, QStringLiteral("error")) + count(lines, QStringLiteral("warning")), 1);
+    EXPECT_TRUE(lines[0].startsWith("System console logging started 3-8-2024"));
+    EXPECT_GE(count(lines, "loading"), 12);
+    EXPECT_GE(count(lines, "unloaded"), 1);
+    EXPECT_GE(count(lines, "error") + count(lines, "warning"), 1);
     int dates = 0;
     for (const QString& line : lines) {
         if (!isDateLine(line))
             continue;
         ++dates;
         const QDateTime when =
-            QDateTime::fromString(line.section(QStringLiteral(":    "), 0, 0).simplified(),
-                                  QStringLiteral("M-d-yyyy h:mm:ss ap"));
+            QDateTime::fromString(line.section(":    ", 0, 0).simplified(), "M-d-yyyy h:mm:ss ap");
         ASSERT_TRUE(when.isValid()) << line.toStdString();
         EXPECT_GE(when, kEnd.addDays(-6));
         EXPECT_LE(when, kEnd);
@@ -128,23 +124,21 @@ TEST(AbendLogWriter, EveryAbendHasAHaltedLineAndItsSections) {
     const QStringList lines = linesOf(abendLogBytes(o));
     QStringList halted;
     for (const QString& line : lines)
-        if (line.contains(QStringLiteral("halted")) || line.contains(QStringLiteral("Halted")))
+        if (line.contains("halted") || line.contains("Halted"))
             halted << line;
     ASSERT_EQ(halted.size(), 3);
-    EXPECT_TRUE(halted[0].startsWith(QStringLiteral("Server FS1 halted ")));
-    EXPECT_TRUE(halted[0].endsWith(QStringLiteral("February 23, 2024   4:05:09.000 pm")))
-        << "oldest first";
-    EXPECT_TRUE(halted[2].contains(QStringLiteral("March 13, 2024")));
-    EXPECT_EQ(count(lines, QStringLiteral("registers")), 3);
-    EXPECT_EQ(count(lines, QStringLiteral("running process")), 3);
-    EXPECT_EQ(count(lines, QStringLiteral("additional information")), 3);
-    EXPECT_EQ(count(lines, QStringLiteral("loaded modules")), 3);
+    EXPECT_TRUE(halted[0].startsWith("Server FS1 halted "));
+    EXPECT_TRUE(halted[0].endsWith("February 23, 2024   4:05:09.000 pm")) << "oldest first";
+    EXPECT_TRUE(halted[2].contains("March 13, 2024"));
+    for (const char* section :
+         {"registers", "running process", "additional information", "loaded modules"})
+        EXPECT_EQ(count(lines, section), 3) << section;
     int abendLines = 0;
     for (const QString& line : lines)
-        abendLines += line.toLower().startsWith(QStringLiteral("abend")) ? 1 : 0;
+        abendLines += line.toLower().startsWith("abend") ? 1 : 0;
     EXPECT_EQ(abendLines, 3);
-    EXPECT_GE(count(lines, QStringLiteral(".nlm")), 3);
-    EXPECT_GE(count(lines, QStringLiteral(".lan")), 3);
+    EXPECT_GE(count(lines, ".nlm"), 3);
+    EXPECT_GE(count(lines, ".lan"), 3);
     EXPECT_EQ(abendLogBytes(o), abendLogBytes(o));
     EXPECT_TRUE(abendLogBytes(AbendLogOptions()).isEmpty());
 }
@@ -152,7 +146,7 @@ TEST(AbendLogWriter, EveryAbendHasAHaltedLineAndItsSections) {
 TEST(AbendLogWriter, AGermanAbendCarriesAGermanDate) {
     AbendLogOptions o;
     o.language = LogLanguage::German;
-    o.serverName = QStringLiteral("FS2");
+    o.serverName = "FS2";
     o.abends = {QDateTime(QDate(2024, 3, 5), QTime(9, 1, 2))};
     const QByteArray bytes = abendLogBytes(o);
     EXPECT_TRUE(bytes.contains("Server FS2 halted Dienstag, 5. M\x84rz 2024  09:01:02.000\r\n"))
@@ -167,15 +161,13 @@ TEST(CronlogWriter, ServiceStartsAndStopsAroundRestartsAndJobsRun) {
     o.restarts = {kEnd.addDays(-10), kEnd.addDays(-40)};
     const QStringList lines = linesOf(cronlogBytes(o));
     ASSERT_GT(lines.size(), 80);
-    EXPECT_EQ(count(lines, QStringLiteral("cron service started")), 2)
-        << "the start and one restart";
-    EXPECT_EQ(count(lines, QStringLiteral("cron service shutdown")), 1);
-    EXPECT_EQ(count(lines, QStringLiteral("size set to")), 2);
+    EXPECT_EQ(count(lines, "cron service started"), 2) << "the start and one restart";
+    EXPECT_EQ(count(lines, "cron service shutdown"), 1);
+    EXPECT_EQ(count(lines, "size set to"), 2);
     QDateTime previous;
     for (const QString& line : lines) {
         ASSERT_TRUE(isDateLine(line)) << line.toStdString();
-        const QDateTime when =
-            QDateTime::fromString(line.left(19), QStringLiteral("MM/dd/yyyy HH:mm:ss"));
+        const QDateTime when = QDateTime::fromString(line.left(19), "MM/dd/yyyy HH:mm:ss");
         ASSERT_TRUE(when.isValid());
         EXPECT_LE(when, kEnd);
         if (previous.isValid()) {
@@ -183,7 +175,7 @@ TEST(CronlogWriter, ServiceStartsAndStopsAroundRestartsAndJobsRun) {
         }
         previous = when;
     }
-    EXPECT_GE(count(lines, QStringLiteral("loading")), 20);
-    EXPECT_GE(count(lines, QStringLiteral("unloaded")), 20);
+    EXPECT_GE(count(lines, "loading"), 20);
+    EXPECT_GE(count(lines, "unloaded"), 20);
     EXPECT_EQ(cronlogBytes(o), cronlogBytes(o));
 }

@@ -9,52 +9,32 @@ using namespace twk;
 
 namespace {
 
-const QByteArray kNetwork = R"([tree T]
-logged-in = yes
-[server FS1]
-tree = T
-context = ACME
-version = Novell NetWare 5.70.03
-volumes = SYS
-replica = [Root] | Master | On | x
-[server FS2]
-tree = T
-context = ACME
-version = Novell NetWare 5.00.09
-volumes = SYS
-replica = [Root] | Read/Write | On | x
-[scenario FS1]
-dsrepair-start-ms = 10
-dsrepair-run-ms = 120
-trace-interval-ms = 20
-config-run-ms = 40
-[scenario FS2]
-ds-version = 10510.12
-time-in-sync = no
-console-rights = no
-[server CUT]
-tree = T
-[scenario CUT]
-disconnected = yes
-)";
+const QByteArray kNetwork =
+    "[tree T]\nlogged-in = yes\n"
+    "[server FS1]\ntree = T\ncontext = ACME\nversion = Novell NetWare 5.70.03\nvolumes = SYS\n"
+    "replica = [Root] | Master | On | x\n"
+    "[server FS2]\ntree = T\ncontext = ACME\nversion = Novell NetWare 5.00.09\nvolumes = SYS\n"
+    "replica = [Root] | Read/Write | On | x\n"
+    "[scenario FS1]\ndsrepair-start-ms = 10\ndsrepair-run-ms = 120\ntrace-interval-ms = 20\n"
+    "config-run-ms = 40\n"
+    "[scenario FS2]\nds-version = 10510.12\ntime-in-sync = no\nconsole-rights = no\n"
+    "[server CUT]\ntree = T\n[scenario CUT]\ndisconnected = yes\n";
 
 class ConsoleTest : public ::testing::Test {
 protected:
     void SetUp() override {
         net.describe(kNetwork);
-        net.file(QStringLiteral("servers/FS1/SYS/SYSTEM/STUFFKEY.NLM"));
-        net.file(QStringLiteral("servers/FS1/SYS/SYSTEM/twkhc12.sk"));
-        net.file(QStringLiteral("servers/FS1/SYS/SYSTEM/CONFIG.NLM"));
+        net.file("servers/FS1/SYS/SYSTEM/STUFFKEY.NLM");
+        net.file("servers/FS1/SYS/SYSTEM/twkhc12.sk");
+        net.file("servers/FS1/SYS/SYSTEM/CONFIG.NLM");
     }
     ServerConsolePort& console() { return net.engine.network->console(); }
     bool locked(const QString& file) {
-        return net.engine.network->volumes()
-                   .GetEntry(QStringLiteral("FS1"), QStringLiteral("SYS"),
-                             QStringLiteral("SYSTEM\\") + file)
-                   .error == neterr::kFileInUse;
+        return net.engine.network->volumes().GetEntry("FS1", "SYS", "SYSTEM\\" + file).error ==
+               neterr::kFileInUse;
     }
     QByteArray read(const QString& file) {
-        QFile f(net.tree.path(QStringLiteral("network/servers/FS1/SYS/SYSTEM/") + file));
+        QFile f(net.tree.path("network/servers/FS1/SYS/SYSTEM/" + file));
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
     test::NetworkEngine net;
@@ -63,134 +43,97 @@ protected:
 } // namespace
 
 TEST_F(ConsoleTest, StuffkeyRunsDsRepairWhichHoldsItsLogWhileItWorks) {
-    const auto load = console().LoadNLM(QStringLiteral("fs1"), QStringLiteral("stuffkey"),
-                                        QStringLiteral("sys:system\\twkhc12.sk"));
+    const auto load = console().LoadNLM("fs1", "stuffkey", "sys:system\\twkhc12.sk");
     ASSERT_FALSE(load.failed());
     EXPECT_TRUE(load.value);
-    EXPECT_FALSE(locked(QStringLiteral("DSREPAIR.LOG"))) << "DSREPAIR starts a moment later";
-    ASSERT_TRUE(test::runEventsUntil([&] { return locked(QStringLiteral("DSREPAIR.LOG")); }));
-    ASSERT_TRUE(test::runEventsUntil([&] { return !locked(QStringLiteral("DSREPAIR.LOG")); }));
-    const QString log = QString::fromUtf8(read(QStringLiteral("DSREPAIR.LOG")));
-    EXPECT_TRUE(log.contains(QStringLiteral("Server name")));
-    EXPECT_TRUE(log.contains(QStringLiteral(".FS1.ACME")));
-    EXPECT_TRUE(log.contains(QStringLiteral("10552.79")));
-    EXPECT_TRUE(log.contains(QStringLiteral("10510.12"))) << "the other server's version";
-    EXPECT_TRUE(log.contains(QStringLiteral(" No "))) << "FS2's clock is out of sync";
-    EXPECT_TRUE(log.contains(QStringLiteral("\r\n")));
+    EXPECT_FALSE(locked("DSREPAIR.LOG")) << "DSREPAIR starts a moment later";
+    ASSERT_TRUE(test::runEventsUntil([&] { return locked("DSREPAIR.LOG"); }));
+    ASSERT_TRUE(test::runEventsUntil([&] { return !locked("DSREPAIR.LOG"); }));
+    const QString log = QString::fromUtf8(read("DSREPAIR.LOG"));
+    EXPECT_TRUE(log.contains("Server name"));
+    EXPECT_TRUE(log.contains(".FS1.ACME"));
+    EXPECT_TRUE(log.contains("10552.79"));
+    EXPECT_TRUE(log.contains("10510.12")) << "the other server's version";
+    EXPECT_TRUE(log.contains(" No ")) << "FS2's clock is out of sync";
+    EXPECT_TRUE(log.contains("\r\n"));
 }
 
 TEST_F(ConsoleTest, UnloadingDsRepairReleasesTheLog) {
-    EXPECT_FALSE(console().UnloadNLM(QStringLiteral("FS1"), QStringLiteral("dsrepair")).value)
-        << "not loaded";
-    console().LoadNLM(QStringLiteral("FS1"), QStringLiteral("stuffkey"),
-                      QStringLiteral("sys:system\\twkhc12.sk"));
-    ASSERT_TRUE(test::runEventsUntil([&] { return locked(QStringLiteral("DSREPAIR.LOG")); }));
-    EXPECT_TRUE(console().UnloadNLM(QStringLiteral("FS1"), QStringLiteral("DSREPAIR.NLM")).value);
-    EXPECT_FALSE(locked(QStringLiteral("DSREPAIR.LOG")));
+    EXPECT_FALSE(console().UnloadNLM("FS1", "dsrepair").value) << "not loaded";
+    console().LoadNLM("FS1", "stuffkey", "sys:system\\twkhc12.sk");
+    ASSERT_TRUE(test::runEventsUntil([&] { return locked("DSREPAIR.LOG"); }));
+    EXPECT_TRUE(console().UnloadNLM("FS1", "DSREPAIR.NLM").value);
+    EXPECT_FALSE(locked("DSREPAIR.LOG"));
     test::runEventsFor(200);
-    EXPECT_TRUE(read(QStringLiteral("DSREPAIR.LOG")).isEmpty()) << "a stopped run writes no report";
+    EXPECT_TRUE(read("DSREPAIR.LOG").isEmpty()) << "a stopped run writes no report";
 }
 
-TEST_F(ConsoleTest, WithoutRightsTheConsoleRefuses) {
-    net.file(QStringLiteral("servers/FS2/SYS/SYSTEM/STUFFKEY.NLM"));
-    const auto load = console().LoadNLM(QStringLiteral("FS2"), QStringLiteral("stuffkey"),
-                                        QStringLiteral("sys:system\\twkhc12.sk"));
-    EXPECT_FALSE(load.failed());
+TEST_F(ConsoleTest, RefusalsOfRightsMissingModulesAndLostConnections) {
+    net.file("servers/FS2/SYS/SYSTEM/STUFFKEY.NLM");
+    const auto load = console().LoadNLM("FS2", "stuffkey", "sys:system\\twkhc12.sk");
+    EXPECT_FALSE(load.failed()) << "without rights the console refuses";
     EXPECT_FALSE(load.value);
-    EXPECT_FALSE(
-        console().ExecuteNCF(QStringLiteral("FS2"), QStringLiteral("twkdstrace3.ncf")).value);
-}
+    EXPECT_FALSE(console().ExecuteNCF("FS2", "twkdstrace3.ncf").value);
 
-TEST_F(ConsoleTest, AMissingModuleIsNotLoaded) {
-    QFile::remove(net.tree.path(QStringLiteral("network/servers/FS1/SYS/SYSTEM/CONFIG.NLM")));
-    EXPECT_FALSE(console()
-                     .LoadNLM(QStringLiteral("FS1"), QStringLiteral("config"),
-                              QStringLiteral("/o=config-twk1.txt /all /f"))
-                     .value);
-    EXPECT_TRUE(
-        console().LoadNLM(QStringLiteral("FS1"), QStringLiteral("monitor"), QString()).value);
-    EXPECT_TRUE(console().UnloadNLM(QStringLiteral("FS1"), QStringLiteral("MONITOR")).value);
-}
+    QFile::remove(net.tree.path("network/servers/FS1/SYS/SYSTEM/CONFIG.NLM"));
+    EXPECT_FALSE(console().LoadNLM("FS1", "config", "/o=config-twk1.txt /all /f").value);
+    EXPECT_TRUE(console().LoadNLM("FS1", "monitor", QString()).value);
+    EXPECT_TRUE(console().UnloadNLM("FS1", "MONITOR").value);
 
-TEST_F(ConsoleTest, ALostConnectionFailsEveryCallWithTheAutomationError) {
-    EXPECT_EQ(console().ServerName(QStringLiteral("CUT")).error, neterr::kObjectDisconnected);
-    EXPECT_EQ(console().LoadNLM(QStringLiteral("CUT"), QStringLiteral("x"), {}).error,
+    EXPECT_EQ(console().ServerName("CUT").error, neterr::kObjectDisconnected);
+    EXPECT_EQ(console().LoadNLM("CUT", "x", {}).error, neterr::kObjectDisconnected);
+    EXPECT_EQ(net.engine.network->volumes().GetEntry("CUT", "SYS", "X").error,
               neterr::kObjectDisconnected);
-    EXPECT_EQ(net.engine.network->volumes()
-                  .GetEntry(QStringLiteral("CUT"), QStringLiteral("SYS"), QStringLiteral("X"))
-                  .error,
-              neterr::kObjectDisconnected);
-    EXPECT_EQ(console().ServerName(QStringLiteral("NOBODY")).error, neterr::kServerUnknown);
-    EXPECT_EQ(console().ServerName(QStringLiteral("fs1")).value, QStringLiteral("FS1"));
+    EXPECT_EQ(console().ServerName("NOBODY").error, neterr::kServerUnknown);
+    EXPECT_EQ(console().ServerName("fs1").value, "FS1");
 }
 
 TEST_F(ConsoleTest, DsTraceWritesItsFileUntilTtfIsOff) {
-    net.file(QStringLiteral("servers/FS1/SYS/SYSTEM/twkdstrace3.ncf"),
-             "SET DSTRACE=ON\r\nSET TTF=ON\r\n");
-    net.file(QStringLiteral("servers/FS1/SYS/SYSTEM/twkdstrace0.ncf"), "SET TTF=OFF\r\n");
-    EXPECT_EQ(console().GetParameter(QStringLiteral("FS1"), QStringLiteral("TTF")).value,
-              QStringLiteral("0"));
-    EXPECT_TRUE(
-        console().ExecuteNCF(QStringLiteral("FS1"), QStringLiteral("twkdstrace3.ncf")).value);
-    EXPECT_EQ(console().GetParameter(QStringLiteral("FS1"), QStringLiteral("ttf")).value,
-              QStringLiteral("1"));
-    EXPECT_TRUE(locked(QStringLiteral("DSTRACE.DBG")));
-    ASSERT_TRUE(
-        test::runEventsUntil([&] { return read(QStringLiteral("DSTRACE.DBG")).size() > 300; }));
-    EXPECT_TRUE(console()
-                    .SetParameter(QStringLiteral("FS1"), QStringLiteral("TTF"), QStringLiteral("0"))
-                    .value);
-    EXPECT_EQ(console().GetParameter(QStringLiteral("FS1"), QStringLiteral("TTF")).value,
-              QStringLiteral("0"));
-    EXPECT_FALSE(locked(QStringLiteral("DSTRACE.DBG")));
-    const QByteArray trace = read(QStringLiteral("DSTRACE.DBG"));
+    net.file("servers/FS1/SYS/SYSTEM/twkdstrace3.ncf", "SET DSTRACE=ON\r\nSET TTF=ON\r\n");
+    net.file("servers/FS1/SYS/SYSTEM/twkdstrace0.ncf", "SET TTF=OFF\r\n");
+    EXPECT_EQ(console().GetParameter("FS1", "TTF").value, "0");
+    EXPECT_TRUE(console().ExecuteNCF("FS1", "twkdstrace3.ncf").value);
+    EXPECT_EQ(console().GetParameter("FS1", "ttf").value, "1");
+    EXPECT_TRUE(locked("DSTRACE.DBG"));
+    ASSERT_TRUE(test::runEventsUntil([&] { return read("DSTRACE.DBG").size() > 300; }));
+    EXPECT_TRUE(console().SetParameter("FS1", "TTF", "0").value);
+    EXPECT_EQ(console().GetParameter("FS1", "TTF").value, "0");
+    EXPECT_FALSE(locked("DSTRACE.DBG"));
+    const QByteArray trace = read("DSTRACE.DBG");
     test::runEventsFor(100);
-    EXPECT_EQ(read(QStringLiteral("DSTRACE.DBG")), trace) << "nothing more after TTF=0";
+    EXPECT_EQ(read("DSTRACE.DBG"), trace) << "nothing more after TTF=0";
     const QString text = QString::fromUtf8(trace);
-    EXPECT_TRUE(text.contains(
-        QStringLiteral("SYNC: Send updates to <.FS2.ACME.T.> for .[Root]. succeeded")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Sync - Partition .[Root]. All processed = YES.")));
-    EXPECT_TRUE(
-        console().ExecuteNCF(QStringLiteral("FS1"), QStringLiteral("twkdstrace0.ncf")).value);
+    EXPECT_TRUE(text.contains("SYNC: Send updates to <.FS2.ACME.T.> for .[Root]. succeeded"));
+    EXPECT_TRUE(text.contains("Sync - Partition .[Root]. All processed = YES."));
+    EXPECT_TRUE(console().ExecuteNCF("FS1", "twkdstrace0.ncf").value);
 }
 
 TEST_F(ConsoleTest, AStuckTtfStaysOn) {
     net.describe(kNetwork + "[scenario FS2]\nttf-stuck = yes\nconsole-rights = yes\n");
-    EXPECT_TRUE(console()
-                    .SetParameter(QStringLiteral("FS2"), QStringLiteral("TTF"), QStringLiteral("1"))
-                    .value);
-    console().SetParameter(QStringLiteral("FS2"), QStringLiteral("TTF"), QStringLiteral("0"));
-    EXPECT_EQ(console().GetParameter(QStringLiteral("FS2"), QStringLiteral("TTF")).value,
-              QStringLiteral("1"));
-    EXPECT_EQ(console().GetParameter(QStringLiteral("FS2"), QStringLiteral("NOSUCH")).error,
-              neterr::kNoSuchEntry);
+    EXPECT_TRUE(console().SetParameter("FS2", "TTF", "1").value);
+    console().SetParameter("FS2", "TTF", "0");
+    EXPECT_EQ(console().GetParameter("FS2", "TTF").value, "1");
+    EXPECT_EQ(console().GetParameter("FS2", "NOSUCH").error, neterr::kNoSuchEntry);
 }
 
 TEST_F(ConsoleTest, ConfigNlmWritesItsReportUnderTheGivenName) {
-    EXPECT_TRUE(console()
-                    .LoadNLM(QStringLiteral("FS1"), QStringLiteral("config"),
-                             QStringLiteral("/o=config-twk4.txt /all /f"))
-                    .value);
-    EXPECT_TRUE(locked(QStringLiteral("config-twk4.txt")));
-    ASSERT_TRUE(test::runEventsUntil([&] { return !locked(QStringLiteral("config-twk4.txt")); }));
-    const QString report = QString::fromUtf8(read(QStringLiteral("config-twk4.txt")));
-    EXPECT_TRUE(report.contains(QStringLiteral("Server name: FS1")));
+    EXPECT_TRUE(console().LoadNLM("FS1", "config", "/o=config-twk4.txt /all /f").value);
+    EXPECT_TRUE(locked("config-twk4.txt"));
+    ASSERT_TRUE(test::runEventsUntil([&] { return !locked("config-twk4.txt"); }));
+    const QString report = QString::fromUtf8(read("config-twk4.txt"));
+    EXPECT_TRUE(report.contains("Server name: FS1"));
 }
 
 TEST(ServerConsoleTexts, ScriptsAndDates) {
-    EXPECT_EQ(dsRepairRunOfScript(QStringLiteral("sys:system\\twkhc12.sk")),
-              DsRepairRun::VersionsAndTime);
-    EXPECT_EQ(dsRepairRunOfScript(QStringLiteral("SYS:SYSTEM\\TWKHC4.SK")),
-              DsRepairRun::ReplicaSync);
-    EXPECT_EQ(dsRepairRunOfScript(QStringLiteral("twkhc5.sk")), DsRepairRun::ExternalReferences);
-    EXPECT_EQ(dsRepairRunOfScript(QStringLiteral("other.sk")), DsRepairRun::Unknown);
+    EXPECT_EQ(dsRepairRunOfScript("sys:system\\twkhc12.sk"), DsRepairRun::VersionsAndTime);
+    EXPECT_EQ(dsRepairRunOfScript("SYS:SYSTEM\\TWKHC4.SK"), DsRepairRun::ReplicaSync);
+    EXPECT_EQ(dsRepairRunOfScript("twkhc5.sk"), DsRepairRun::ExternalReferences);
+    EXPECT_EQ(dsRepairRunOfScript("other.sk"), DsRepairRun::Unknown);
     const QDateTime when(QDate(2004, 6, 22), QTime(14, 40, 50));
-    EXPECT_EQ(dsRepairBannerDate(when, QStringLiteral("US")),
-              QStringLiteral("Tuesday, June 22, 2004  2:40:50 pm"));
-    EXPECT_EQ(dsRepairBannerDate(when, QStringLiteral("DE")),
-              QStringLiteral("Dienstag, 22. Juni 2004  14:40:50"));
-    EXPECT_EQ(dsRepairStamp(when, QStringLiteral("US")), QStringLiteral("06-22-2004 14:40:50"));
-    EXPECT_EQ(dsRepairStamp(when, QStringLiteral("DE")), QStringLiteral("22.06.2004 14:40:50"));
+    EXPECT_EQ(dsRepairBannerDate(when, "US"), "Tuesday, June 22, 2004  2:40:50 pm");
+    EXPECT_EQ(dsRepairBannerDate(when, "DE"), "Dienstag, 22. Juni 2004  14:40:50");
+    EXPECT_EQ(dsRepairStamp(when, "US"), "06-22-2004 14:40:50");
+    EXPECT_EQ(dsRepairStamp(when, "DE"), "22.06.2004 14:40:50");
 }
 
 TEST(ServerConsoleTexts, ExternalReferencesUseLineFeedsAndCountObituaries) {

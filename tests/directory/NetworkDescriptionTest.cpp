@@ -43,36 +43,35 @@ TEST(NetworkDescription, ReadsTreesServersUsersAndScenarios) {
     EXPECT_TRUE(d.problems.isEmpty()) << d.problems.join(u'\n').toStdString();
     ASSERT_EQ(d.trees.size(), 1u);
     EXPECT_TRUE(d.trees[0].loggedIn);
-    EXPECT_EQ(d.trees[0].user, QStringLiteral("ADMIN.ACME"));
-    EXPECT_EQ(d.trees[0].containers, QStringList{QStringLiteral("ACME\\SALES")});
+    EXPECT_EQ(d.trees[0].user, "ADMIN.ACME");
+    EXPECT_EQ(d.trees[0].containers, QStringList{"ACME\\SALES"});
 
-    const ServerEntry* fs1 = d.server(QStringLiteral("fs1"));
+    const ServerEntry* fs1 = d.server("fs1");
     ASSERT_NE(fs1, nullptr);
-    EXPECT_EQ(fs1->context, (QStringList{QStringLiteral("ACME"), QStringLiteral("SALES")}));
-    EXPECT_EQ(serverFullName(*fs1), QStringLiteral("NDS:\\\\acme_tree\\ACME\\SALES\\FS1"));
-    EXPECT_EQ(fs1->volumes, (QStringList{QStringLiteral("SYS"), QStringLiteral("DATA"),
-                                         QStringLiteral("USERS")}));
+    EXPECT_EQ(fs1->context, (QStringList{"ACME", "SALES"}));
+    EXPECT_EQ(serverFullName(*fs1), "NDS:\\\\acme_tree\\ACME\\SALES\\FS1");
+    EXPECT_EQ(fs1->volumes, (QStringList{"SYS", "DATA", "USERS"}));
     EXPECT_TRUE(fs1->connected);
     EXPECT_TRUE(fs1->login);
-    EXPECT_EQ(fs1->denied, QStringList{QStringLiteral("SYS\\ETC\\CONSOLE.LOG")});
+    EXPECT_EQ(fs1->denied, QStringList{"SYS\\ETC\\CONSOLE.LOG"});
 
     ASSERT_EQ(fs1->replicas.size(), 3u);
-    EXPECT_EQ(fs1->replicas[0].PartitionFullName, QStringLiteral("[Root]"));
+    EXPECT_EQ(fs1->replicas[0].PartitionFullName, "[Root]");
     EXPECT_EQ(fs1->replicas[0].ReplicaType, replicatype::Master);
-    EXPECT_EQ(fs1->replicas[1].PartitionFullName, QStringLiteral("ACME\\SALES"));
-    EXPECT_EQ(fs1->replicas[1].PartitionShortName, QStringLiteral("SALES"));
+    EXPECT_EQ(fs1->replicas[1].PartitionFullName, "ACME\\SALES");
+    EXPECT_EQ(fs1->replicas[1].PartitionShortName, "SALES");
     EXPECT_EQ(fs1->replicas[1].ReplicaState, replicastate::TransitionToOn);
     EXPECT_EQ(fs1->replicas[2].ReplicaType, replicatype::SubRef);
     EXPECT_EQ(fs1->replicas[2].ReplicaState, replicastate::JoinStateZero);
-    EXPECT_EQ(fs1->replicas[2].LastSync, QStringLiteral("never"));
+    EXPECT_EQ(fs1->replicas[2].LastSync, "never");
 
     EXPECT_FALSE(fs1->scenario.consoleRights);
-    EXPECT_EQ(fs1->scenario.dateStyle, QStringLiteral("DE"));
+    EXPECT_EQ(fs1->scenario.dateStyle, "DE");
     EXPECT_EQ(fs1->scenario.dsrepairRunMs, 16);
 
     ASSERT_EQ(d.users.size(), 1u);
-    EXPECT_EQ(d.users[0].password, QStringLiteral("se;cret")) << "only \" ;\" starts a comment";
-    EXPECT_EQ(d.serverByFullName(QStringLiteral("nds:\\\\ACME_TREE\\acme\\sales\\fs1")), fs1);
+    EXPECT_EQ(d.users[0].password, "se;cret") << "only \" ;\" starts a comment";
+    EXPECT_EQ(d.serverByFullName("nds:\\\\ACME_TREE\\acme\\sales\\fs1"), fs1);
 }
 
 TEST(NetworkDescription, BadLinesAreReportedWithTheirLineNumbers) {
@@ -97,33 +96,30 @@ TEST(NetworkDescription, BadLinesAreReportedWithTheirLineNumbers) {
                             "[server LOST]\n";                   // 19
     const NetworkDescription d = parseNetworkDescription(text);
     const QStringList expected{
-        QStringLiteral("line 1: \"stray\" stands outside of a section"),
-        QStringLiteral("line 3: logged-in must be yes or no, not \"maybe\""),
-        QStringLiteral("line 4: unknown key \"colour\" in a tree"),
-        QStringLiteral("line 5: expected \"key = value\": no equals sign here"),
-        QStringLiteral("line 8: unknown replica type \"Boss\""),
-        QStringLiteral(
-            "line 9: a replica is \"partition | type | state | last sync\": only two | fields"),
-        QStringLiteral("line 10: unknown section \"printer\""),
-        QStringLiteral("line 12: bad section header: [broken"),
-        QStringLiteral("line 16: dsrepair-run-ms must be a number from 0 on, not \"-5\""),
-        QStringLiteral("line 17: unknown key \"flavour\" in a scenario"),
-        QStringLiteral("line 18: server \"S\" is described twice"),
-        QStringLiteral("line 13: scenario for the unknown server \"GHOST\""),
-        QStringLiteral("line 19: server \"LOST\" names no tree"),
+        "line 1: \"stray\" stands outside of a section",
+        "line 3: logged-in must be yes or no, not \"maybe\"",
+        "line 4: unknown key \"colour\" in a tree",
+        "line 5: expected \"key = value\": no equals sign here",
+        "line 8: unknown replica type \"Boss\"",
+        "line 9: a replica is \"partition | type | state | last sync\": only two | fields",
+        "line 10: unknown section \"printer\"",
+        "line 12: bad section header: [broken",
+        "line 16: dsrepair-run-ms must be a number from 0 on, not \"-5\"",
+        "line 17: unknown key \"flavour\" in a scenario",
+        "line 18: server \"S\" is described twice",
+        "line 13: scenario for the unknown server \"GHOST\"",
+        "line 19: server \"LOST\" names no tree",
     };
     EXPECT_EQ(d.problems, expected);
     // What could be read is kept.
-    ASSERT_NE(d.server(QStringLiteral("S")), nullptr);
-    EXPECT_TRUE(d.server(QStringLiteral("S"))->replicas.empty());
-    EXPECT_EQ(d.server(QStringLiteral("S"))->scenario.dsrepairRunMs,
-              ServerScenario().dsrepairRunMs);
+    ASSERT_NE(d.server("S"), nullptr);
+    EXPECT_TRUE(d.server("S")->replicas.empty());
+    EXPECT_EQ(d.server("S")->scenario.dsrepairRunMs, ServerScenario().dsrepairRunMs);
 }
 
 TEST(NetworkDescription, ServerInAnUnknownTreeIsReported) {
     const NetworkDescription d = parseNetworkDescription("[server X]\ntree = NOWHERE\n");
-    EXPECT_EQ(d.problems, QStringList{QStringLiteral(
-                              "line 1: server \"X\" is in the unknown tree \"NOWHERE\"")});
+    EXPECT_EQ(d.problems, QStringList{"line 1: server \"X\" is in the unknown tree \"NOWHERE\""});
 }
 
 TEST(NetworkDescription, BinaryGarbageGivesProblemsNotACrash) {
@@ -140,39 +136,37 @@ TEST(NetworkDescription, WrittenTextReadsBackTheSame) {
     const NetworkDescription again = parseNetworkDescription(formatNetworkDescription(d));
     EXPECT_TRUE(again.problems.isEmpty()) << again.problems.join(u'\n').toStdString();
     EXPECT_EQ(formatNetworkDescription(again), formatNetworkDescription(d));
-    const ServerEntry* fs1 = again.server(QStringLiteral("FS1"));
+    const ServerEntry* fs1 = again.server("FS1");
     ASSERT_NE(fs1, nullptr);
     EXPECT_EQ(fs1->replicas.size(), 3u);
     EXPECT_FALSE(fs1->scenario.consoleRights);
-    EXPECT_EQ(again.users[0].password, QStringLiteral("se;cret"));
+    EXPECT_EQ(again.users[0].password, "se;cret");
 }
 
 TEST(NetworkDescription, ContextsInEveryForm) {
-    const QStringList acmeSales{QStringLiteral("ACME"), QStringLiteral("SALES")};
-    EXPECT_EQ(parseContext(QStringLiteral("ACME\\SALES")), acmeSales);
-    EXPECT_EQ(parseContext(QStringLiteral("SALES.ACME")), acmeSales);
-    EXPECT_EQ(parseContext(QStringLiteral("OU=SALES.O=ACME")), acmeSales);
-    EXPECT_EQ(parseContext(QStringLiteral(" [Root] ")), QStringList());
+    for (const char* context : {"ACME\\SALES", "SALES.ACME", "OU=SALES.O=ACME"})
+        EXPECT_EQ(parseContext(context), (QStringList{"ACME", "SALES"})) << context;
+    EXPECT_EQ(parseContext(" [Root] "), QStringList());
     EXPECT_EQ(parseContext(QString()), QStringList());
 }
 
 TEST(NetworkDescription, NdsPathsSplitBlindToThePrefixCase) {
     QString tree;
     QStringList parts;
-    ASSERT_TRUE(splitNdsPath(QStringLiteral("nds:\\\\ACME_TREE\\[Root]"), tree, parts));
-    EXPECT_EQ(tree, QStringLiteral("ACME_TREE"));
+    ASSERT_TRUE(splitNdsPath("nds:\\\\ACME_TREE\\[Root]", tree, parts));
+    EXPECT_EQ(tree, "ACME_TREE");
     EXPECT_TRUE(parts.isEmpty());
-    ASSERT_TRUE(splitNdsPath(QStringLiteral("NDS:\\\\T\\A\\B"), tree, parts));
-    EXPECT_EQ(parts, (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
-    EXPECT_FALSE(splitNdsPath(QStringLiteral("NDS:\\\\"), tree, parts));
-    EXPECT_FALSE(splitNdsPath(QStringLiteral("LDAP:\\\\T"), tree, parts));
+    ASSERT_TRUE(splitNdsPath("NDS:\\\\T\\A\\B", tree, parts));
+    EXPECT_EQ(parts, (QStringList{"A", "B"}));
+    EXPECT_FALSE(splitNdsPath("NDS:\\\\", tree, parts));
+    EXPECT_FALSE(splitNdsPath("LDAP:\\\\T", tree, parts));
 }
 
 TEST(NetworkDescription, ReplicaNamesAndNumbers) {
-    EXPECT_EQ(replicaTypeOf(QStringLiteral("read only")), replicatype::ReadOnly);
-    EXPECT_EQ(replicaTypeOf(QStringLiteral("4")), -1);
-    EXPECT_EQ(replicaStateOf(QStringLiteral("split STATE one")), replicastate::SplitStateOne);
-    EXPECT_EQ(replicaStateOf(QStringLiteral("nonsense")), -1);
-    EXPECT_EQ(replicaStateName(replicastate::MoveStateZero), QStringLiteral("Move state zero"));
-    EXPECT_EQ(replicaTypeName(replicatype::ReadWrite), QStringLiteral("Read/Write"));
+    EXPECT_EQ(replicaTypeOf("read only"), replicatype::ReadOnly);
+    EXPECT_EQ(replicaTypeOf("4"), -1);
+    EXPECT_EQ(replicaStateOf("split STATE one"), replicastate::SplitStateOne);
+    EXPECT_EQ(replicaStateOf("nonsense"), -1);
+    EXPECT_EQ(replicaStateName(replicastate::MoveStateZero), "Move state zero");
+    EXPECT_EQ(replicaTypeName(replicatype::ReadWrite), "Read/Write");
 }

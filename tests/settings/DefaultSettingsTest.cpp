@@ -13,12 +13,12 @@ namespace twk {
 namespace {
 
 constexpr Hive kUser = Hive::CurrentUser;
-const QString kTwk = QStringLiteral("Software\\Brindlex\\TWK\\");
+const QString kTwk = "Software\\Brindlex\\TWK\\";
 
 class SettingsDefaults : public ::testing::Test {
 protected:
     QString value(const QString& key, const QString& name) {
-        return reg.Reg_GetValue(kUser, kTwk + key, name, QStringLiteral("<missing>"));
+        return reg.Reg_GetValue(kUser, kTwk + key, name, "<missing>");
     }
     void start() { RunDefaultWriters(reg, tree.paths(), ui); }
     QStringList iniLines() {

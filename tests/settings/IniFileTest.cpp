@@ -8,30 +8,24 @@
 namespace twk {
 namespace {
 
-TEST(SettingsIniFile, MissingFileOrSectionGivesNothing) {
+TEST(SettingsIniFile, ValueIsTheTextBehindTheFirstEqualsSignOfTheSectionOrLater) {
     test::TempTree tree;
     const IniFile ini = IniFile::twkIni(tree.paths());
-    EXPECT_EQ(ini.IniValue("TreeContext", "TreeContext"), "");
+    EXPECT_EQ(ini.IniValue("TreeContext", "TreeContext"), "") << "no file";
     EXPECT_FALSE(ini.readLines().has_value());
-    tree.write("app/twk.ini", "TreeContext=NDS:\\\\T\\O\n[Other]\n");
-    EXPECT_EQ(ini.IniValue("TreeContext", "TreeContext"), "");
-}
-
-TEST(SettingsIniFile, ValueIsTheTextBehindTheFirstEqualsSign) {
-    test::TempTree tree;
-    tree.write("app/twk.ini", "free text [TreeContext] explained\r\n"
-                              "TreeContextX=no\r\n"
-                              " TreeContext=indented\r\n"
-                              "TreeContext=NDS:\\\\T\\O=x,NDS:\\\\T\\P \r\n"
-                              "TreeContext=second\r\n");
-    EXPECT_EQ(IniFile::twkIni(tree.paths()).IniValue("TreeContext", "TreeContext"),
-              "NDS:\\\\T\\O=x,NDS:\\\\T\\P ");
-}
-
-TEST(SettingsIniFile, KeyIsFoundInALaterSection) {
-    test::TempTree tree;
-    tree.write("app/twk.ini", "[TreeContext]\n[RealtimeMonitor]\nTreeContext=late");
-    EXPECT_EQ(IniFile::twkIni(tree.paths()).IniValue("TreeContext", "TreeContext"), "late");
+    const struct {
+        const char* content;
+        const char* value;
+    } cases[] = {
+        {"TreeContext=NDS:\\\\T\\O\n[Other]\n", ""},
+        {"free text [TreeContext] explained\r\nTreeContextX=no\r\n TreeContext=indented\r\n"
+         "TreeContext=NDS:\\\\T\\O=x,NDS:\\\\T\\P \r\nTreeContext=second\r\n",
+         "NDS:\\\\T\\O=x,NDS:\\\\T\\P "},
+        {"[TreeContext]\n[RealtimeMonitor]\nTreeContext=late", "late"}};
+    for (const auto& c : cases) {
+        tree.write("app/twk.ini", c.content);
+        EXPECT_EQ(ini.IniValue("TreeContext", "TreeContext"), c.value) << c.content;
+    }
 }
 
 TEST(SettingsIniFile, LinesEndAtLfOrCrLf) {

@@ -11,8 +11,7 @@
 namespace twk {
 namespace {
 
-const QString kForwarding =
-    QStringLiteral("Software\\Brindlex\\TWK\\Realtime Monitor\\Event Forwarding");
+const QString kForwarding = "Software\\Brindlex\\TWK\\Realtime Monitor\\Event Forwarding";
 
 const QByteArray kOldRule16 = "5,2,6,0,11,0,(none),(none),1,0,1,beep.wav,1,0,-1,-1";
 const QByteArray kRule17 = "6,2,5,0,0,0,(none),(none),1,0,0,17,,0,0,-1,-1";

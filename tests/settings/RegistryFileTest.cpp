@@ -13,7 +13,7 @@ namespace twk {
 namespace {
 
 constexpr Hive kUser = Hive::CurrentUser;
-const QString kTwk = QStringLiteral("Software\\Brindlex\\TWK");
+const QString kTwk = "Software\\Brindlex\\TWK";
 
 QByteArray utf16WithBom(const QString& text) {
     return QByteArray("\xFF\xFE", 2) + utf16Bytes(text);
@@ -22,27 +22,26 @@ QByteArray utf16WithBom(const QString& text) {
 TEST(SettingsRegistryFile, ReadsAUtf16ExportWithWrappedHex) {
     test::TempTree tree;
     // "a", "b" as hex(7) with double terminator, wrapped like an export.
-    const QString exported =
-        QStringLiteral("Windows Registry Editor Version 5.00\r\n\r\n"
-                       "[HKEY_CURRENT_USER\\Software\\Brindlex\\TWK\\Realtime Monitor]\r\n"
-                       "@=\"d\\\\e\\\"f\"\r\n"
-                       "\"FS1\"=\"10.1.1.1\"\r\n"
-                       "\"Port\"=dword:0000003c\r\n"
-                       "\"Lines\"=hex(7):61,00,00,00,\\\r\n"
-                       "  62,00,00,00,00,00\r\n"
-                       "\"Path\"=hex(2):25,00,41,00,25,00,00,00\r\n"
-                       "\"Raw\"=hex:41,42\r\n"
-                       "\r\n"
-                       "[HKEY_CLASSES_ROOT\\.twk]\r\n"
-                       "@=\"twkfile\"\r\n");
+    const QString exported = "Windows Registry Editor Version 5.00\r\n\r\n"
+                             "[HKEY_CURRENT_USER\\Software\\Brindlex\\TWK\\Realtime Monitor]\r\n"
+                             "@=\"d\\\\e\\\"f\"\r\n"
+                             "\"FS1\"=\"10.1.1.1\"\r\n"
+                             "\"Port\"=dword:0000003c\r\n"
+                             "\"Lines\"=hex(7):61,00,00,00,\\\r\n"
+                             "  62,00,00,00,00,00\r\n"
+                             "\"Path\"=hex(2):25,00,41,00,25,00,00,00\r\n"
+                             "\"Raw\"=hex:41,42\r\n"
+                             "\r\n"
+                             "[HKEY_CLASSES_ROOT\\.twk]\r\n"
+                             "@=\"twkfile\"\r\n";
     const Registry reg(tree.write("config/registry.reg", utf16WithBom(exported)));
     const QString key = kTwk + "\\Realtime Monitor";
     EXPECT_EQ(reg.Reg_GetValue(kUser, key, QString()), "d\\e\"f");
-    EXPECT_EQ(reg.Reg_GetValue(kUser, key, QStringLiteral("FS1")), "10.1.1.1");
-    EXPECT_EQ(reg.Reg_GetValue(kUser, key, QStringLiteral("Port")), "60");
-    EXPECT_EQ(reg.Reg_GetValue(kUser, key, QStringLiteral("Lines")), "a#b");
-    EXPECT_EQ(reg.Reg_GetValue(kUser, key, QStringLiteral("Path")), "%A%");
-    EXPECT_EQ(reg.Reg_GetValue(kUser, key, QStringLiteral("Raw")), "AB");
+    EXPECT_EQ(reg.Reg_GetValue(kUser, key, "FS1"), "10.1.1.1");
+    EXPECT_EQ(reg.Reg_GetValue(kUser, key, "Port"), "60");
+    EXPECT_EQ(reg.Reg_GetValue(kUser, key, "Lines"), "a#b");
+    EXPECT_EQ(reg.Reg_GetValue(kUser, key, "Path"), "%A%");
+    EXPECT_EQ(reg.Reg_GetValue(kUser, key, "Raw"), "AB");
     EXPECT_EQ(reg.Reg_GetValue(Hive::ClassesRoot, ".TWK", QString()), "twkfile");
 }
 
@@ -61,12 +60,12 @@ TEST(SettingsRegistryFile, SkipsWhatItCannotReadAndKeepsTheRest) {
                                "[HKEY_CURRENT_USER\\Software\\Brindlex\\TWK]\n"
                                "\"Cut\"=hex(2):41,00,\\\n";
     const Registry reg(tree.write("config/registry.reg", damaged));
-    EXPECT_EQ(reg.Reg_GetValue(kUser, kTwk, QStringLiteral("Good")), "1");
+    EXPECT_EQ(reg.Reg_GetValue(kUser, kTwk, "Good"), "1");
     const auto values = reg.Reg_GetAllKeys(kUser, kTwk);
     ASSERT_EQ(values.size(), 2); // "Good" and the odd-length text
     EXPECT_EQ(values[1].name, "Odd");
-    EXPECT_FALSE(reg.RegSZExist(kUser, kTwk, QStringLiteral("Cut")));
-    EXPECT_FALSE(reg.RegKeyExist(kUser, QStringLiteral("Foo")));
+    EXPECT_FALSE(reg.RegSZExist(kUser, kTwk, "Cut"));
+    EXPECT_FALSE(reg.RegKeyExist(kUser, "Foo"));
 }
 
 TEST(SettingsRegistryFile, RandomBytesNeverCrashTheReader) {
@@ -87,7 +86,7 @@ TEST(SettingsRegistryFile, RandomBytesNeverCrashTheReader) {
                            ? lines[random.bounded(8)]
                            : QByteArray(1, static_cast<char>(random.bounded(256)));
         const Registry reg(tree.write("config/random.reg", content));
-        reg.Reg_GetValue(kUser, QStringLiteral("A"), QStringLiteral("n"));
+        reg.Reg_GetValue(kUser, "A", "n");
     }
 }
 
@@ -96,10 +95,10 @@ TEST(SettingsRegistryFile, WritesTheExportFormat) {
     {
         Registry reg(tree.paths().registryFile());
         reg.RegCreateKey(kUser, kTwk + "\\Realtime Monitor\\Remote Popup");
-        reg.Reg_SetString(kUser, kTwk + "\\HealthCheck", QStringLiteral("ShowHints"), "1");
-        reg.Reg_SetDWord(kUser, kTwk + "\\HealthCheck", QStringLiteral("Port"), 514);
+        reg.Reg_SetString(kUser, kTwk + "\\HealthCheck", "ShowHints", "1");
+        reg.Reg_SetDWord(kUser, kTwk + "\\HealthCheck", "Port", 514);
         reg.Reg_SetString(kUser, kTwk + "\\HealthCheck", QString(), "C:\\\"x\"");
-        reg.RegSetValue(kUser, kTwk + "\\HealthCheck", QStringLiteral("Big"), RegType::Binary,
+        reg.RegSetValue(kUser, kTwk + "\\HealthCheck", "Big", RegType::Binary,
                         QByteArray(100, '\xAB'));
     }
     const QString text = QString::fromUtf8(tree.read("config/registry.reg"));
@@ -128,10 +127,10 @@ TEST(SettingsRegistryFile, TwoInstancesKeepEachOthersValues) {
     test::TempTree tree;
     Registry first(tree.paths().registryFile());
     Registry second(tree.paths().registryFile());
-    first.Reg_SetString(kUser, kTwk, QStringLiteral("A"), "1");
-    second.Reg_SetString(kUser, kTwk, QStringLiteral("B"), "2");
-    first.Reg_SetString(kUser, kTwk, QStringLiteral("C"), "3");
-    EXPECT_EQ(second.Reg_GetValue(kUser, kTwk, QStringLiteral("C")), "3");
+    first.Reg_SetString(kUser, kTwk, "A", "1");
+    second.Reg_SetString(kUser, kTwk, "B", "2");
+    first.Reg_SetString(kUser, kTwk, "C", "3");
+    EXPECT_EQ(second.Reg_GetValue(kUser, kTwk, "C"), "3");
     const Registry third(tree.paths().registryFile());
     EXPECT_EQ(third.Reg_GetAllKeys(kUser, kTwk).size(), 3);
 }
@@ -139,7 +138,7 @@ TEST(SettingsRegistryFile, TwoInstancesKeepEachOthersValues) {
 TEST(SettingsRegistryFile, OnlyTheOwnerMayReadTheFile) {
     test::TempTree tree;
     Registry reg(tree.paths().registryFile());
-    reg.Reg_SetString(kUser, kTwk, QStringLiteral("Password"), "secret");
+    reg.Reg_SetString(kUser, kTwk, "Password", "secret");
     struct stat st {};
     ASSERT_EQ(::stat(QFile::encodeName(reg.filePath()).constData(), &st), 0);
     EXPECT_EQ(st.st_mode & 0777, 0600u);
