@@ -81,3 +81,34 @@ TEST(DeliveredFiles, CopiedWhenMissingNeverOverAChangedOne) {
     EXPECT_TRUE(CopyDeliveredFiles(paths, {QStringLiteral("tips.tdy")}).isEmpty());
     EXPECT_EQ(tree.read(QStringLiteral("app/tips.tdy")), QByteArray("mine\n"));
 }
+
+TEST(DeliveredFiles, AnUnchangedCopyFollowsANewerRelease) {
+    test::TempTree tree;
+    AppPaths paths = tree.paths();
+    paths.shareFolder = tree.path(QStringLiteral("share"));
+    const QStringList names = {QStringLiteral("help/a.htm"), QStringLiteral("help/b.htm"),
+                               QStringLiteral("help/c.htm")};
+    tree.write(QStringLiteral("share/help/a.htm"), "a1");
+    tree.write(QStringLiteral("share/help/b.htm"), "b1");
+    tree.write(QStringLiteral("share/help/c.htm"), "c1");
+    tree.write(QStringLiteral("app/help/c.htm"), "c1"); // there before, the same as ours
+    EXPECT_EQ(CopyDeliveredFiles(paths, names), names.mid(0, 2));
+
+    // A later release: a.htm untouched by the user, b.htm changed by the user.
+    tree.write(QStringLiteral("share/help/a.htm"), "a2");
+    tree.write(QStringLiteral("share/help/b.htm"), "b2");
+    tree.write(QStringLiteral("share/help/c.htm"), "c2");
+    tree.write(QStringLiteral("app/help/b.htm"), "b mine");
+    EXPECT_EQ(CopyDeliveredFiles(paths, names),
+              (QStringList{QStringLiteral("help/a.htm"), QStringLiteral("help/c.htm")}));
+    EXPECT_EQ(tree.read(QStringLiteral("app/help/a.htm")), QByteArray("a2"));
+    EXPECT_EQ(tree.read(QStringLiteral("app/help/b.htm")), QByteArray("b mine"));
+    EXPECT_EQ(tree.read(QStringLiteral("app/help/c.htm")), QByteArray("c2"));
+
+    // Nothing new: nothing copied, and a file of unknown origin stays as it is.
+    tree.write(QStringLiteral("share/help/d.htm"), "d1");
+    tree.write(QStringLiteral("app/help/d.htm"), "d other");
+    EXPECT_TRUE(
+        CopyDeliveredFiles(paths, names + QStringList{QStringLiteral("help/d.htm")}).isEmpty());
+    EXPECT_EQ(tree.read(QStringLiteral("app/help/d.htm")), QByteArray("d other"));
+}
