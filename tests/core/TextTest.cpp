@@ -8,6 +8,8 @@ TEST(CoreText, TrimRemovesBlanksOnly) {
     EXPECT_EQ(trim("  a b  "), "a b");
     EXPECT_EQ(trim("\ta\n "), "\ta\n");
     EXPECT_EQ(trim("   "), "");
+    EXPECT_EQ(trimBlanks(QStringLiteral("  FS1 \t ")), QStringLiteral("FS1 \t"));
+    EXPECT_EQ(trimBlanks(QStringLiteral("   ")), QString());
 }
 
 TEST(CoreText, MidCountsFromOneAndIsEmptyPastTheEnd) {

@@ -39,7 +39,9 @@ std::string fold(std::string_view s) {
 
 } // namespace
 
-std::string toLower(std::string_view s) { return fold(s); }
+std::string toLower(std::string_view s) {
+    return fold(s);
+}
 
 std::string toUpper(std::string_view s) {
     std::string out(s);
@@ -129,9 +131,25 @@ std::string replaceAll(std::string_view s, std::string_view from, std::string_vi
     return out;
 }
 
-bool startsWith(std::string_view s, std::string_view prefix) { return s.starts_with(prefix); }
-bool endsWith(std::string_view s, std::string_view suffix) { return s.ends_with(suffix); }
+bool startsWith(std::string_view s, std::string_view prefix) {
+    return s.starts_with(prefix);
+}
+bool endsWith(std::string_view s, std::string_view suffix) {
+    return s.ends_with(suffix);
+}
 
-std::string decimal(std::int64_t n) { return std::to_string(n); }
+std::string decimal(std::int64_t n) {
+    return std::to_string(n);
+}
+
+QString trimBlanks(const QString& s) {
+    qsizetype begin = 0;
+    qsizetype end = s.size();
+    while (begin < end && s[begin] == u' ')
+        ++begin;
+    while (end > begin && s[end - 1] == u' ')
+        --end;
+    return s.mid(begin, end - begin);
+}
 
 } // namespace twk::text

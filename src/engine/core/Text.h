@@ -3,6 +3,8 @@
 // only, a cut that starts past the end is empty, a numeric reading is the leading
 // number after blanks. All texts are UTF-8 in std::string.
 
+#include <QString>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -24,7 +26,9 @@ inline std::string_view trimRight(std::string_view s) {
         --n;
     return s.substr(0, n);
 }
-inline std::string_view trim(std::string_view s) { return trimRight(trimLeft(s)); }
+inline std::string_view trim(std::string_view s) {
+    return trimRight(trimLeft(s));
+}
 
 /// `length` characters (bytes) from the 1-based `start`; empty when start is past the end.
 inline std::string_view mid(std::string_view s, std::int64_t start, std::int64_t length) {
@@ -103,5 +107,8 @@ bool endsWith(std::string_view s, std::string_view suffix);
 
 /// Decimal text of a number.
 std::string decimal(std::int64_t n);
+
+/// Trim of a QString (such as a list's text): blanks only.
+QString trimBlanks(const QString& s);
 
 } // namespace twk::text

@@ -1,22 +1,12 @@
 #include "directory/Connections.h"
 
 #include "core/Engine.h"
+#include "core/Text.h"
 #include "directory/NetworkPorts.h"
 
 namespace twk {
 
 namespace {
-
-/// Removes leading and trailing blanks (only blanks).
-QString trimBlanks(const QString& text) {
-    qsizetype start = 0;
-    qsizetype end = text.size();
-    while (start < end && text[start] == u' ')
-        ++start;
-    while (end > start && text[end - 1] == u' ')
-        --end;
-    return text.mid(start, end - start);
-}
 
 void debugLine(Engine& engine, const QString& line) {
     if (engine.DebugMode)
@@ -164,7 +154,7 @@ bool GetServerConnectionHandle(Engine& engine) {
     bool found = false;
     withErrorTail(engine.errors, "modNetWare.GetServerConnectionHandle()", [&] {
         DirectoryState& state = engine.directory;
-        const QString server = trimBlanks(engine.view.cbServer.text()).toUpper();
+        const QString server = text::trimBlanks(engine.view.cbServer.text()).toUpper();
         auto fail = [&](const QString& debugText) {
             engine.ui.messageBox(QStringLiteral("Server Connection     \rFAILED!"),
                                  MsgIcon::Critical, MsgButtons::Ok, conntext::kAuthenticateTitle);

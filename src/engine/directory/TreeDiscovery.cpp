@@ -2,6 +2,7 @@
 
 #include "core/Engine.h"
 #include "core/Startup.h"
+#include "core/Text.h"
 #include "core/settings/IniFile.h"
 #include "core/settings/SettingsKeys.h"
 #include "core/settings/TwkIniHead.h"
@@ -15,16 +16,6 @@ const QString kNdsPrefix = QStringLiteral("NDS:\\\\");
 const QString kContextCaption = QStringLiteral(" Tarnwick   StartContext: [");
 const QString kMaxTrees = QStringLiteral("maxTrees");
 const QString kMaxServers = QStringLiteral("maxServers");
-
-QString trimBlanks(const QString& text) {
-    qsizetype start = 0;
-    qsizetype end = text.size();
-    while (start < end && text[start] == u' ')
-        ++start;
-    while (end > start && text[end - 1] == u' ')
-        --end;
-    return text.mid(start, end - start);
-}
 
 /// The part behind the last "\" (all of it when there is none).
 QString lastComponent(const QString& name) {
@@ -69,7 +60,7 @@ void volumesCompleted(Engine& engine, const QStringList& results) {
     if (results.isEmpty())
         engine.ui.messageBox(cascade::kNoVolumeFound, MsgIcon::Exclamation, MsgButtons::Ok,
                              kMessageTitle);
-    const QString prefix = trimBlanks(v.cbServer.text()) + u'_';
+    const QString prefix = text::trimBlanks(v.cbServer.text()) + u'_';
     v.cbVolume.items.clear();
     v.cbVolume.icons.clear();
     v.cbVolume.ListIndex = -1;
@@ -156,7 +147,7 @@ std::int16_t iconIndexOfOsType(const QString& osType) {
 
 namespace {
 const ServerInfo* serverRow(const Engine& engine, const QString& server) {
-    const QString name = trimBlanks(server);
+    const QString name = text::trimBlanks(server);
     const int rows = std::min(engine.directory.ServerCount, kServerRows);
     for (int i = 0; i < rows; ++i) {
         const ServerInfo& row = engine.directory.servers[static_cast<size_t>(i)];

@@ -15,16 +15,6 @@ namespace {
 
 constexpr int kColText = 2;
 
-QString trimBlanks(const QString& s) {
-    qsizetype begin = 0;
-    qsizetype end = s.size();
-    while (begin < end && s[begin] == QLatin1Char(' '))
-        ++begin;
-    while (end > begin && s[end - 1] == QLatin1Char(' '))
-        --end;
-    return s.mid(begin, end - begin);
-}
-
 using Replacement = std::pair<const char*, const char*>;
 
 // Longer names first where one begins with another ("January" before "Januar").
@@ -43,7 +33,7 @@ QString replaceMonths(QString text, bool withSummer) {
     if (withSummer)
         for (const auto& [from, to] : kDateMonths)
             text.replace(QString::fromLatin1(from), QString::fromLatin1(to));
-    return trimBlanks(text);
+    return twk::text::trimBlanks(text);
 }
 
 struct Marker {
@@ -190,9 +180,9 @@ QString ExtractShortDate(const Engine& engine, int index) {
         lastBlank = entry.lastIndexOf(QLatin1Char(' '));
         if (lastBlank >= 0)
             entry = entry.left(lastBlank);
-        entry = trimBlanks(entry);
+        entry = twk::text::trimBlanks(entry);
     } else if (lastBlank >= 0) {
-        entry = trimBlanks(entry.left(lastBlank));
+        entry = twk::text::trimBlanks(entry.left(lastBlank));
     }
     return entry;
 }

@@ -2,6 +2,7 @@
 
 #include "core/Engine.h"
 #include "core/Mainfrm.h"
+#include "core/Text.h"
 #include "directory/Connections.h"
 #include "directory/UncPath.h"
 #include "logs/LogPipeline.h"
@@ -13,21 +14,10 @@ namespace twk {
 
 namespace {
 
-namespace text = consoleHistoryText;
+namespace texts = consoleHistoryText;
 namespace column = consoleHistoryColumn;
 
 const QString kTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
-
-/// Removes leading and trailing blanks (only blanks).
-QString trimBlanks(const QString& value) {
-    qsizetype start = 0;
-    qsizetype end = value.size();
-    while (start < end && value[start] == u' ')
-        ++start;
-    while (end > start && value[end - 1] == u' ')
-        --end;
-    return value.mid(start, end - start);
-}
 
 /// A name as the client hands it over: a zero-ended character array.
 QString upToFirstZero(const QString& name) {
@@ -129,9 +119,9 @@ FrmConsoleLogFiles::~FrmConsoleLogFiles() {
 
 bool FrmConsoleLogFiles::Form_Load() {
     withErrorTail(engine_.errors, "frmConsoleLogFiles.Form_Load()", [&] {
-        server_ = trimBlanks(engine_.view.cbServer.text());
+        server_ = twk::text::trimBlanks(engine_.view.cbServer.text());
         basePath_ = sysEtcUnc(server_, QString());
-        caption = text::kCaption + server_;
+        caption = texts::kCaption + server_;
 
         // A failed connection has told the user already; there is nothing to list then.
         if (!GetServerConnectionHandle(engine_)) {
@@ -140,9 +130,9 @@ bool FrmConsoleLogFiles::Form_Load() {
         }
         connection_ = engine_.directory.ServerConnectionHandle;
         if (engine_.network->salvage().NWAllocTemporaryDirectoryHandle(
-                connection_, text::kSalvageDirectory, dirHandle_) != 0) {
+                connection_, texts::kSalvageDirectory, dirHandle_) != 0) {
             dirHandle_ = 0;
-            engine_.ui.messageBox(text::kNoDirectoryHandle, MsgIcon::Critical, MsgButtons::Ok,
+            engine_.ui.messageBox(texts::kNoDirectoryHandle, MsgIcon::Critical, MsgButtons::Ok,
                                   kMessageTitle);
             closed = true;
             return;
@@ -173,7 +163,7 @@ void FrmConsoleLogFiles::listPresentFiles() {
         if (!fitsConsoleLogMask(info.fileName()))
             continue;
         FileGrid1.push_back(makeRow(consoleHistoryTime(info.lastModified()), info.fileName(),
-                                    info.size(), text::kNotDeleted, QString()));
+                                    info.size(), texts::kNotDeleted, QString()));
         engine_.yieldNow();
     }
 }
@@ -204,13 +194,13 @@ void FrmConsoleLogFiles::FileGrid1_Click(int row) {
     selectedRow = row;
     const ConsoleLogFileRow& file = FileGrid1[static_cast<std::size_t>(row - 1)];
     cmdShow.enabled = true;
-    if (file.cell(column::Deleted) == text::kNotDeleted) {
-        cmdShow.caption = text::kShowLogfile;
+    if (file.cell(column::Deleted) == texts::kNotDeleted) {
+        cmdShow.caption = texts::kShowLogfile;
         txtbFileName.text = file.cell(column::Name);
         txtbFileName.enabled = false;
         txtbFileName.greyBackground = true;
     } else {
-        cmdShow.caption = text::kSalvageAndShow;
+        cmdShow.caption = texts::kSalvageAndShow;
         txtbFileName.text =
             ProposedSalvageName(file.cell(column::Name), file.cell(column::Deleted));
         txtbFileName.enabled = true;
@@ -223,18 +213,18 @@ void FrmConsoleLogFiles::cmdShow_Click() {
         if (selectedRow < 1 || selectedRow > static_cast<int>(FileGrid1.size()))
             return;
         const QString name = txtbFileName.text;
-        if (cmdShow.caption == text::kSalvageAndShow) {
+        if (cmdShow.caption == texts::kSalvageAndShow) {
             ConsoleLogFileRow& file = FileGrid1[static_cast<std::size_t>(selectedRow - 1)];
             const std::int32_t code = engine_.network->salvage().NWRecoverDeletedFile(
                 connection_, dirHandle_, file.iterator, file.deletedName, name);
             if (code != 0) {
-                engine_.ui.messageBox(text::kRecoverFailed + QString::number(code),
+                engine_.ui.messageBox(texts::kRecoverFailed + QString::number(code),
                                       MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
                 return;
             }
             // The record is a present file now: the row says so, and the counts follow.
             file.cells[column::Name - 1] = name;
-            file.cells[column::Deleted - 1] = text::kNotDeleted;
+            file.cells[column::Deleted - 1] = texts::kNotDeleted;
             file.cells[column::Deletor - 1].clear();
             lbUndeletedFiles.text = QString::number(lbUndeletedFiles.text.toInt() + 1);
             lbDeletedFiles.text = QString::number(lbDeletedFiles.text.toInt() - 1);
