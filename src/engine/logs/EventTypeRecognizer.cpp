@@ -36,8 +36,12 @@ struct Test {
 
 // Finds all phrases in one pass over the message: an automaton over byte classes
 // (folding is built into the classes) whose table entries hold the next state's row
-// offset, with the top bit set where phrases end. A byte costs two loads.
+// offset. The rows of states where phrases end lie at kAccepting and above, all others
+// below it, so a step is two loads and an add, and one compare tells whether a phrase
+// ended among several steps.
 class PhraseScanner {
+    static constexpr std::uint32_t kAccepting = 0x8000;
+
 public:
     explicit PhraseScanner(const std::vector<std::string_view>& phrases) {
         classOf_.fill(0);
@@ -70,11 +74,11 @@ public:
         }
         const std::size_t states = next.size();
         std::vector<int> fail(states, 0);
-        std::vector<std::uint16_t> delta(states * stride_, 0);
+        std::vector<std::size_t> delta(states * stride_, 0);
         std::vector<int> queue;
         for (std::size_t c = 0; c < stride_; ++c) {
             const int s = next[0][c];
-            delta[c] = static_cast<std::uint16_t>(s < 0 ? 0 : s);
+            delta[c] = static_cast<std::size_t>(s < 0 ? 0 : s);
             if (s > 0)
                 queue.push_back(s);
         }
@@ -83,149 +87,148 @@ public:
             out[s] |= out[static_cast<std::size_t>(fail[s])];
             for (std::size_t c = 0; c < stride_; ++c) {
                 const int t = next[s][c];
-                const std::uint16_t viaFail =
-                    delta[static_cast<std::size_t>(fail[s]) * stride_ + c];
+                const std::size_t viaFail = delta[static_cast<std::size_t>(fail[s]) * stride_ + c];
                 if (t < 0)
                     delta[s * stride_ + c] = viaFail;
                 else {
-                    delta[s * stride_ + c] = static_cast<std::uint16_t>(t);
-                    fail[static_cast<std::size_t>(t)] = viaFail;
+                    delta[s * stride_ + c] = static_cast<std::size_t>(t);
+                    fail[static_cast<std::size_t>(t)] = static_cast<int>(viaFail);
                     queue.push_back(t);
                 }
             }
         }
-        if (states * stride_ > 0x7FFF)
-            throw std::length_error("phrase table too large for 16-bit rows");
-        table_.resize(delta.size());
-        for (std::size_t i = 0; i < delta.size(); ++i) {
-            const std::size_t target = delta[i];
-            table_[i] =
-                static_cast<std::uint16_t>(target * stride_) | (out[target] != 0 ? 0x8000 : 0);
-        }
-        outByRow_.assign(states * stride_, 0);
+        // Row offsets: the start state first, then the other states without a phrase
+        // end, then from the next power of two on the states with one.
+        std::vector<std::size_t> rowOf(states, 0);
+        std::size_t plainRows = 0;
         for (std::size_t s = 0; s < states; ++s)
-            outByRow_[s * stride_] = out[s];
+            if (out[s] == 0)
+                rowOf[s] = (plainRows++) * stride_;
+        const std::size_t accepting = kAccepting;
+        std::size_t acceptingRows = 0;
+        for (std::size_t s = 0; s < states; ++s)
+            if (out[s] != 0)
+                rowOf[s] = accepting + (acceptingRows++) * stride_;
+        const std::size_t tableSize = accepting + acceptingRows * stride_;
+        if (plainRows * stride_ > kAccepting || tableSize > 0x10000 || out[0] != 0)
+            throw std::length_error("phrase table too large for 16-bit rows");
+        table_.assign(tableSize, 0);
+        outByRow_.assign(tableSize, 0);
+        for (std::size_t s = 0; s < states; ++s) {
+            outByRow_[rowOf[s]] = out[s];
+            for (std::size_t c = 0; c < stride_; ++c)
+                table_[rowOf[s] + c] = static_cast<std::uint16_t>(rowOf[delta[s * stride_ + c]]);
+        }
     }
+
     std::uint32_t scan(std::string_view message) const {
         const auto* p = reinterpret_cast<const unsigned char*>(message.data());
         return continueScan(p, p + message.size(), 0);
     }
+
+    /// True for a byte that no phrase holds: it sends the automaton back to its start.
+    bool isSeparator(unsigned char byte) const { return classOf_[byte] == 0; }
 
     // Scans [p, end) from the state `row`.
     std::uint32_t continueScan(const unsigned char* p, const unsigned char* end,
                                std::uint32_t row) const {
         std::uint32_t found = 0;
         const std::uint16_t* table = table_.data();
-        const auto step = [&](unsigned char byte) {
-            const std::uint32_t next = table[row + classOf_[byte]];
-            row = next & 0x7FFF;
-            return next;
-        };
-        // Four bytes, then one test whether a phrase ended among them: phrase ends are
+        // Four steps, then one test whether a phrase ended among them: phrase ends are
         // rare, so the common case runs without a branch per byte.
         while (end - p >= 4) {
-            const std::uint32_t n0 = step(p[0]);
-            const std::uint32_t r0 = row;
-            const std::uint32_t n1 = step(p[1]);
-            const std::uint32_t r1 = row;
-            const std::uint32_t n2 = step(p[2]);
-            const std::uint32_t r2 = row;
-            const std::uint32_t n3 = step(p[3]);
-            if (((n0 | n1 | n2 | n3) & 0x8000) != 0) [[unlikely]] {
-                found |= (n0 & 0x8000 ? outByRow_[r0] : 0) | (n1 & 0x8000 ? outByRow_[r1] : 0) |
-                         (n2 & 0x8000 ? outByRow_[r2] : 0) | (n3 & 0x8000 ? outByRow_[row] : 0);
-            }
+            const std::uint32_t r0 = table[row + classOf_[p[0]]];
+            const std::uint32_t r1 = table[r0 + classOf_[p[1]]];
+            const std::uint32_t r2 = table[r1 + classOf_[p[2]]];
+            const std::uint32_t r3 = table[r2 + classOf_[p[3]]];
+            if ((r0 | r1 | r2 | r3) >= kAccepting) [[unlikely]]
+                found |= outByRow_[r0] | outByRow_[r1] | outByRow_[r2] | outByRow_[r3];
+            row = r3;
             p += 4;
         }
-        for (; p < end; ++p)
-            if (step(*p) & 0x8000)
-                found |= outByRow_[row];
+        for (; p < end; ++p) {
+            row = table[row + classOf_[*p]];
+            found |= outByRow_[row];
+        }
         return found;
     }
 
-    // Scans several messages at once, four at a time in lock step: the steps of one
-    // message wait on each other, those of different messages do not.
-    void scanMany(const std::string_view* messages, std::uint32_t* found, std::size_t count) const {
+    // Scans `text`, messages joined by separator bytes, with `starts[m]` the place of
+    // message m (ascending, starts[0] == 0), and ORs into found[m] the phrases of each.
+    // Four stretches that begin at message starts run in lock step: the steps of one
+    // stretch wait on each other, those of different stretches do not.
+    void scanJoined(std::string_view text, const std::uint32_t* starts, std::size_t count,
+                    std::uint32_t* found) const {
         constexpr std::size_t kLanes = 4;
-        struct Lane {
-            const unsigned char* p;
-            const unsigned char* end;
-            std::uint32_t row;
-            std::uint32_t found;
-            std::size_t message;
-        };
-        std::array<Lane, kLanes> lanes{};
-        std::size_t nextMessage = 0;
-        // Gives a lane the next message; false when there is none left.
-        const auto load = [&](Lane& lane) {
-            if (nextMessage == count)
-                return false;
-            const std::string_view m = messages[nextMessage];
-            lane = {reinterpret_cast<const unsigned char*>(m.data()),
-                    reinterpret_cast<const unsigned char*>(m.data()) + m.size(), 0, 0, nextMessage};
-            ++nextMessage;
-            return true;
-        };
-        std::size_t active = 0;
-        while (active < kLanes && load(lanes[active]))
-            ++active;
+        const auto* base = reinterpret_cast<const unsigned char*>(text.data());
+        // Lane k starts at the first message at or after k/4 of the text.
+        std::array<std::size_t, kLanes + 1> bound{};
+        std::size_t m = 0;
+        for (std::size_t k = 1; k < kLanes; ++k) {
+            const std::size_t wanted = text.size() * k / kLanes;
+            while (m < count && starts[m] < wanted)
+                ++m;
+            bound[k] = m < count ? starts[m] : text.size();
+        }
+        bound[kLanes] = text.size();
+        std::size_t steps = text.size();
+        for (std::size_t k = 0; k < kLanes; ++k)
+            steps = std::min(steps, bound[k + 1] - bound[k]);
+        const unsigned char* p = base + bound[0];
+        const unsigned char* const stop = p + steps;
+        const std::ptrdiff_t d1 = static_cast<std::ptrdiff_t>(bound[1] - bound[0]);
+        const std::ptrdiff_t d2 = static_cast<std::ptrdiff_t>(bound[2] - bound[0]);
+        const std::ptrdiff_t d3 = static_cast<std::ptrdiff_t>(bound[3] - bound[0]);
         const std::uint16_t* table = table_.data();
-        while (active == kLanes) {
-            std::size_t steps = static_cast<std::size_t>(lanes[0].end - lanes[0].p);
-            for (std::size_t k = 1; k < kLanes; ++k)
-                steps = std::min(steps, static_cast<std::size_t>(lanes[k].end - lanes[k].p));
-            // The lanes' states in locals, so that they stay in registers.
-            const unsigned char* p0 = lanes[0].p;
-            const unsigned char* p1 = lanes[1].p;
-            const unsigned char* p2 = lanes[2].p;
-            const unsigned char* p3 = lanes[3].p;
-            std::uint32_t r0 = lanes[0].row, r1 = lanes[1].row, r2 = lanes[2].row,
-                          r3 = lanes[3].row;
-            for (std::size_t j = 0; j < steps; ++j) {
-                const std::uint32_t n0 = table[r0 + classOf_[p0[j]]];
-                const std::uint32_t n1 = table[r1 + classOf_[p1[j]]];
-                const std::uint32_t n2 = table[r2 + classOf_[p2[j]]];
-                const std::uint32_t n3 = table[r3 + classOf_[p3[j]]];
-                r0 = n0 & 0x7FFF;
-                r1 = n1 & 0x7FFF;
-                r2 = n2 & 0x7FFF;
-                r3 = n3 & 0x7FFF;
-                if (((n0 | n1 | n2 | n3) & 0x8000) != 0) [[unlikely]] {
-                    lanes[0].found |= n0 & 0x8000 ? outByRow_[r0] : 0;
-                    lanes[1].found |= n1 & 0x8000 ? outByRow_[r1] : 0;
-                    lanes[2].found |= n2 & 0x8000 ? outByRow_[r2] : 0;
-                    lanes[3].found |= n3 & 0x8000 ? outByRow_[r3] : 0;
-                }
-            }
-            lanes[0].p = p0 + steps;
-            lanes[1].p = p1 + steps;
-            lanes[2].p = p2 + steps;
-            lanes[3].p = p3 + steps;
-            lanes[0].row = r0;
-            lanes[1].row = r1;
-            lanes[2].row = r2;
-            lanes[3].row = r3;
-            for (std::size_t k = 0; k < active;) {
-                Lane& lane = lanes[k];
-                if (lane.p != lane.end) {
-                    ++k;
-                    continue;
-                }
-                found[lane.message] = lane.found;
-                if (!load(lane)) {
-                    lane = lanes[active - 1];
-                    --active;
-                }
+        const std::uint8_t* classOf = classOf_.data();
+        std::uint32_t r0 = 0, r1 = 0, r2 = 0, r3 = 0;
+        for (; p != stop; ++p) {
+            r0 = table[r0 + classOf[p[0]]];
+            r1 = table[r1 + classOf[p[d1]]];
+            r2 = table[r2 + classOf[p[d2]]];
+            r3 = table[r3 + classOf[p[d3]]];
+            if ((r0 | r1 | r2 | r3) >= kAccepting) [[unlikely]] {
+                const auto at = static_cast<std::size_t>(p - base);
+                noteFour(r0, r1, r2, r3, at, bound, starts, count, found);
             }
         }
-        // Fewer messages than lanes left: one after the other, each from where it stands.
-        for (std::size_t k = 0; k < active; ++k) {
-            const Lane& lane = lanes[k];
-            found[lane.message] = lane.found | continueScan(lane.p, lane.end, lane.row);
+        // The rest of each stretch alone.
+        const std::array<std::uint32_t, kLanes> rows = {r0, r1, r2, r3};
+        for (std::size_t k = 0; k < kLanes; ++k) {
+            std::uint32_t row = rows[k];
+            for (std::size_t at = bound[k] + steps; at < bound[k + 1]; ++at) {
+                row = table[row + classOf[base[at]]];
+                if (row >= kAccepting)
+                    note(row, at, starts, count, found);
+            }
         }
     }
 
 private:
+    // The phrases that end in state `row` at `place` of a joined text go to the message
+    // standing there.
+    void note(std::uint32_t row, std::size_t place, const std::uint32_t* starts, std::size_t count,
+              std::uint32_t* found) const {
+        if (outByRow_[row] == 0)
+            return;
+        const auto m =
+            static_cast<std::size_t>(std::upper_bound(starts, starts + count, place) - starts) - 1;
+        found[m] |= outByRow_[row];
+    }
+    // The same for the four lanes, `at` bytes into the first one: kept out of line, so
+    // that the rare case costs the loop no registers.
+    [[gnu::noinline]] void noteFour(std::uint32_t r0, std::uint32_t r1, std::uint32_t r2,
+                                    std::uint32_t r3, std::size_t at,
+                                    const std::array<std::size_t, 5>& bound,
+                                    const std::uint32_t* starts, std::size_t count,
+                                    std::uint32_t* found) const {
+        const std::size_t step = at - bound[0];
+        note(r0, at, starts, count, found);
+        note(r1, bound[1] + step, starts, count, found);
+        note(r2, bound[2] + step, starts, count, found);
+        note(r3, bound[3] + step, starts, count, found);
+    }
+
     std::array<std::uint8_t, 256> classOf_{};
     std::size_t stride_ = 1;
     std::vector<std::uint16_t> table_;
@@ -236,6 +239,8 @@ class Recognizer {
 public:
     Recognizer(const std::vector<std::string_view>& phrases, std::vector<Test> tests)
         : scanner_(phrases), tests_(std::move(tests)) {
+        if (!scanner_.isSeparator(static_cast<unsigned char>(kSeparator)))
+            throw std::logic_error("a phrase holds the separator byte");
         lastTestOfPhrase_.fill(-1);
         for (std::size_t i = 0; i < tests_.size(); ++i) {
             const Test& t = tests_[i];
@@ -255,17 +260,35 @@ public:
     }
 
     void recognizeMany(const std::string_view* messages, int* types, std::size_t count) const {
-        constexpr std::size_t kChunk = 64;
-        std::array<std::uint32_t, kChunk> found{};
-        for (std::size_t first = 0; first < count; first += kChunk) {
-            const std::size_t n = std::min(kChunk, count - first);
-            scanner_.scanMany(messages + first, found.data(), n);
-            for (std::size_t i = 0; i < n; ++i)
-                types[first + i] = recognize(messages[first + i], found[i]);
+        // The messages are joined into one text, a separator after each, and scanned
+        // together in a few long stretches rather than one by one.
+        thread_local std::string joined;
+        thread_local std::vector<std::uint32_t> starts;
+        thread_local std::vector<std::uint32_t> found;
+        constexpr std::size_t kJoinedBytes = 1u << 16;
+        for (std::size_t first = 0; first < count;) {
+            joined.clear();
+            starts.clear();
+            std::size_t last = first;
+            while (last < count &&
+                   (last == first || joined.size() + messages[last].size() < kJoinedBytes)) {
+                starts.push_back(static_cast<std::uint32_t>(joined.size()));
+                joined.append(messages[last]);
+                joined.push_back(kSeparator);
+                ++last;
+            }
+            found.assign(last - first, 0);
+            scanner_.scanJoined(joined, starts.data(), starts.size(), found.data());
+            for (std::size_t i = first; i < last; ++i)
+                types[i] = recognize(messages[i], found[i - first]);
+            first = last;
         }
     }
 
 private:
+    // A carriage return never stands in a message (it ends lines) nor in a phrase.
+    static constexpr char kSeparator = '\r';
+
     // The type of a message whose phrases are known.
     int recognize(std::string_view message, std::uint32_t found) const {
         // Without a phrase only the tests of a bare prefix can hold.
