@@ -1,6 +1,10 @@
 #include "core/Text.h"
+#include "core/ByteScan.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 using namespace twk::text;
 
@@ -44,4 +48,25 @@ TEST(CoreText, CaseBlindComparisonFoldsLatinLetters) {
     EXPECT_LT(compareCaseBlind("apple", "Banana"), 0);
     EXPECT_EQ(compareCaseBlind("ABC", "abc"), 0);
     EXPECT_EQ(toUpper("äbc"), "ÄBC");
+}
+
+TEST(CoreText, EveryPlaceOfAByteIsVisitedOnceInOrder) {
+    const auto placesOf = [](std::string_view s, std::size_t stopAfter = 100) {
+        std::vector<std::size_t> places;
+        twk::forEachPlaceOf(s, '=', [&](std::size_t at) {
+            places.push_back(at);
+            return places.size() < stopAfter;
+        });
+        return places;
+    };
+    using Places = std::vector<std::size_t>;
+    EXPECT_EQ(placesOf("a=b=="), (Places{1, 3, 4}));
+    // Longer than one window: the last, overlapping window must not repeat places.
+    const std::string line = "Severity = 0  Locus = 19  Class = 21";
+    EXPECT_EQ(placesOf(line), (Places{9, 20, 32}));
+    EXPECT_EQ(placesOf(std::string(16, '=')).size(), 16u);
+    EXPECT_EQ(placesOf(std::string(17, '=')).size(), 17u);
+    EXPECT_EQ(placesOf(line, 2), (Places{9, 20}));
+    EXPECT_TRUE(placesOf(std::string(40, 'x')).empty());
+    EXPECT_TRUE(placesOf("").empty());
 }

@@ -94,8 +94,11 @@ TEST(LogsSysLogEntry, EnglishEntriesBecomeTheirCells) {
                      {"  first\npart  ", "second\nline", "third", "fourth"}) +
         englishEntry("1-15-2003  10:00:01 am:    X", "Locus = 2", {"Third-party message"}) +
         englishEntry("1-15-2003  10:00:01 am:    X",
-                     "Severity = x  Locus = ab  Class =   ", {"m"}));
-    ASSERT_EQ(e.size(), 4u);
+                     "Severity = x  Locus = ab  Class =   ", {"m"}) +
+        // Each word counts where it stands first, whatever the order.
+        englishEntry("1-15-2003  10:00:01 am:    X",
+                     "Class = 5  Locus = 3  Severity = 2  Locus = 7  Class = 9", {"n"}));
+    ASSERT_EQ(e.size(), 5u);
     EXPECT_EQ(cells(e[0]), "1-15-2003|02:30:45 pm|4|Fatal|UPS|Protect Violation|   SERVER-5.60-0 "
                            " [nmID=1000A]|UPS battery low.|24");
     EXPECT_EQ(e[1].message, "first part  |  second\nline  |  third  |  fourth");
@@ -103,6 +106,7 @@ TEST(LogsSysLogEntry, EnglishEntriesBecomeTheirCells) {
     EXPECT_EQ(cells(e[2]), "1-15-2003|10:00:01 am|26|???|File System|???|   X|Third-party "
                            "message|24");
     EXPECT_EQ(cells(e[3]), "1-15-2003|10:00:01 am|0|Informational|Unknown|Class Unknown|   X|m|24");
+    EXPECT_EQ(cells(e[4]), "1-15-2003|10:00:01 am|2|Recovered|Disk|Hardware Failure|   X|n|24");
 }
 
 TEST(LogsSysLogEntry, AmAndPmAreTestedOnTheWholeHeader) {

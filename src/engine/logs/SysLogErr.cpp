@@ -1,5 +1,6 @@
 #include "logs/SysLogErr.h"
 
+#include "core/ByteScan.h"
 #include "core/Engine.h"
 #include "core/OemText.h"
 #include "core/Text.h"
@@ -163,9 +164,28 @@ SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language, E
     : reader_(reader), language_(language), errors_(errors) {}
 
 int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char* what) {
-    const std::int64_t index = text::numericReading(token);
-    if (index >= 0 && index < tableSize)
+    // One or two digits, as nearly every log writes them, are read here; the rest goes
+    // the general way (blanks, signs, longer numbers).
+    std::int64_t index = 0;
+    const auto digit = [](char c) {
+        return static_cast<unsigned>(c - '0');
+    };
+    if (!token.empty() && digit(token[0]) < 10) {
+        index = digit(token[0]);
+        if (token.size() > 1 && digit(token[1]) < 10)
+            index = index * 10 + digit(token[1]);
+        if (token.size() > 2)
+            index = text::numericReading(token);
+    } else {
+        index = text::numericReading(token);
+    }
+    if (index >= 0 && index < tableSize) [[likely]]
         return static_cast<int>(index);
+    reportOutOfRange(index, what);
+    return -1;
+}
+
+void SysLogEntryReader::reportOutOfRange(std::int64_t index, const char* what) {
     // A number outside its table: the entry keeps "???" there, the failure is captured
     // once per reading, and the reading goes on.
     if (errors_ != nullptr && !reported_) {
@@ -176,44 +196,55 @@ int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char*
                                  .arg(QString::fromLatin1(what))
                                  .arg(index));
     }
-    return -1;
 }
+
+namespace {
+
+// The words of a code line and how far each value stands behind the word's first letter.
+struct CodeWords {
+    std::string_view severity, locus, klass;
+    int severityOffset, locusOffset, classOffset;
+};
+constexpr CodeWords kEnglishCodeWords{"Severity =", "Locus =", "Class =", 11, 8, 8};
+constexpr CodeWords kGermanCodeWords{"Schweregrad =", "Geometrischer Ort =", "Klasse =", 14, 20, 9};
+
+// 1-based places of the three words (0 when absent). Each word ends in "=", so the first
+// place of a word is found at the first "=" that the word stands before: one walk over
+// the few "=" of the line finds all three.
+template <const CodeWords& W> std::array<std::int64_t, 3> codeWordPlaces(std::string_view code) {
+    std::array<std::int64_t, 3> place = {0, 0, 0};
+    int missing = 3;
+    const auto check = [&](std::size_t k, std::string_view word, std::size_t at) {
+        const std::size_t length = word.size();
+        if (place[k] == 0 && at + 1 >= length && code.substr(at + 1 - length, length) == word) {
+            place[k] = static_cast<std::int64_t>(at + 2 - length);
+            --missing;
+        }
+    };
+    forEachPlaceOf(code, '=', [&](std::size_t at) {
+        check(0, W.severity, at);
+        check(1, W.locus, at);
+        check(2, W.klass, at);
+        return missing > 0;
+    });
+    return place;
+}
+
+} // namespace
 
 void SysLogEntryReader::readCodeLine(std::string_view code, SysLogEntry& e) {
     const bool german = language_ == LogLanguage::German;
-    const std::string_view severityWord = german ? "Schweregrad =" : "Severity =";
-    const std::string_view locusWord = german ? "Geometrischer Ort =" : "Locus =";
-    const std::string_view classWord = german ? "Klasse =" : "Class =";
-    const int severityOffset = german ? 14 : 11;
-    const int locusOffset = german ? 20 : 8;
-    const int classOffset = german ? 9 : 8;
-
-    // Each word ends in "=", so the first place of a word is found at the first "=" that
-    // the word stands before: one walk over the few "=" of the line finds all three.
-    const std::array<std::string_view, 3> words = {severityWord, locusWord, classWord};
-    std::array<std::int64_t, 3> place = {0, 0, 0}; // 1-based, 0 when absent
-    int missing = 3;
-    for (std::size_t at = code.find('='); at != std::string_view::npos && missing > 0;
-         at = code.find('=', at + 1)) {
-        for (std::size_t k = 0; k < words.size(); ++k) {
-            const std::size_t length = words[k].size();
-            // The first letter rules out most words before the whole word is compared.
-            if (place[k] == 0 && at + 1 >= length && code[at + 1 - length] == words[k][0] &&
-                code.compare(at + 1 - length, length, words[k]) == 0) {
-                place[k] = static_cast<std::int64_t>(at + 2 - length);
-                --missing;
-            }
-        }
-    }
-
+    const CodeWords& w = german ? kGermanCodeWords : kEnglishCodeWords;
+    const std::array<std::int64_t, 3> place =
+        german ? codeWordPlaces<kGermanCodeWords>(code) : codeWordPlaces<kEnglishCodeWords>(code);
     e.severity = e.locus = e.klass = -1;
     if (place[0] > 0)
         e.severity =
-            lookup(text::mid(code, place[0] + severityOffset, 1), kStatusCount, "severity");
+            lookup(text::mid(code, place[0] + w.severityOffset, 1), kStatusCount, "severity");
     if (place[1] > 0)
-        e.locus = lookup(text::mid(code, place[1] + locusOffset, 2), kLocusCount, "locus");
+        e.locus = lookup(text::mid(code, place[1] + w.locusOffset, 2), kLocusCount, "locus");
     if (place[2] > 0)
-        e.klass = lookup(text::mid(code, place[2] + classOffset, 2), kClassCount, "class");
+        e.klass = lookup(text::mid(code, place[2] + w.classOffset, 2), kClassCount, "class");
 
     e.statusIcon = e.severity >= 0 ? e.severity : kImageUnknownStatus;
     e.state = e.severity >= 0 ? StatusNames[static_cast<std::size_t>(e.severity)] : kMissing;

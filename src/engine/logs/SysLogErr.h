@@ -66,6 +66,7 @@ private:
     bool nextLine(std::string_view& line) { return reader_.next(line); }
     void readCodeLine(std::string_view code, SysLogEntry& entry);
     int lookup(std::string_view token, int tableSize, const char* what);
+    void reportOutOfRange(std::int64_t index, const char* what);
 
     LineReader& reader_;
     LogLanguage language_;
