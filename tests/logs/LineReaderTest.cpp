@@ -103,12 +103,13 @@ TEST(LogsLineReader, CountingBlankLinesMatchesReadingLineByLine) {
     std::vector<std::uint64_t> ignored;
     const std::int64_t expected = byLines(std::size_t{1} << 20, ignored);
     ASSERT_GT(expected, 40);
-    for (const std::size_t block : {std::size_t{1}, std::size_t{5}, std::size_t{16},
-                                    std::size_t{17}, std::size_t{100}, std::size_t{1} << 20}) {
+    for (const std::size_t block :
+         {std::size_t{1}, std::size_t{5}, std::size_t{16}, std::size_t{17}, std::size_t{64},
+          std::size_t{65}, std::size_t{100}, std::size_t{200}, std::size_t{1} << 20}) {
         std::vector<std::uint64_t> positions;
         EXPECT_EQ(byLines(block, positions), expected);
         for (const std::uint64_t stretch :
-             {std::uint64_t{1}, std::uint64_t{37}, std::uint64_t{1} << 30}) {
+             {std::uint64_t{1}, std::uint64_t{37}, std::uint64_t{150}, std::uint64_t{1} << 30}) {
             LineReader reader(path, block);
             std::int64_t blank = 0;
             while (!reader.atEnd()) {

@@ -137,13 +137,76 @@ unsigned carriageReturnMask(const char* data) {
 #endif
 }
 
+// Bit i set where data[i] equals `byte`, for the 64 bytes at data.
+std::uint64_t byteMask64(const char* data, char byte) {
+#if defined(__SSE2__)
+    const __m128i wanted = _mm_set1_epi8(byte);
+    std::uint64_t mask = 0;
+    for (int k = 0; k < 4; ++k) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 16 * k));
+        mask |= static_cast<std::uint64_t>(
+                    static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted))))
+                << (16 * k);
+    }
+    return mask;
+#else
+    std::uint64_t mask = 0;
+    for (unsigned i = 0; i < 64; ++i)
+        if (data[i] == byte)
+            mask |= std::uint64_t{1} << i;
+    return mask;
+#endif
+}
+
 } // namespace
+
+bool LineReader::countBlankLinesByWindows(std::uint64_t stopAt, std::int64_t& blank) {
+    // Lines are judged 64 bytes at a time from bit masks: a line is blank when no byte
+    // of it but its end is other than a blank. Only windows with a byte behind them in
+    // the block are read, so that every line end is known whole.
+    const char* data = buffer_.data();
+    const std::size_t first = begin_;
+    const std::uint64_t room = stopAt - consumed_; // bytes until the stop
+    std::size_t lineStart = begin_;
+    bool contentBefore = false; // the line begun in an earlier window has content
+    std::uint64_t crCarry = 0;  // a CR in the last byte of the previous window
+    for (std::size_t window = begin_; window + 64 < end_; window += 64) {
+        const std::uint64_t cr = byteMask64(data + window, '\r');
+        const std::uint64_t lineFeed = byteMask64(data + window, '\n');
+        const std::uint64_t blanks = byteMask64(data + window, ' ');
+        // A LF right after a CR ends the line; any other byte but a blank is content.
+        const std::uint64_t lineEndFeed = lineFeed & ((cr << 1) | crCarry);
+        const std::uint64_t content = ~(blanks | cr | lineEndFeed);
+        crCarry = cr >> 63;
+        std::uint64_t fromBit = ~std::uint64_t{0}; // bits of the current line in this window
+        for (std::uint64_t ends = cr; ends != 0; ends &= ends - 1) {
+            const int bit = __builtin_ctzll(ends);
+            const std::uint64_t below = (std::uint64_t{1} << bit) - 1;
+            blank += (contentBefore || (content & fromBit & below) != 0) ? 0 : 1;
+            const std::size_t at = window + static_cast<std::size_t>(bit);
+            lineStart = at + 1 + (data[at + 1] == '\n' ? 1 : 0);
+            contentBefore = false;
+            fromBit = ~((below << 1) | 1);
+            if (lineStart - first >= room) {
+                consumed_ += lineStart - first;
+                begin_ = lineStart;
+                return true;
+            }
+        }
+        contentBefore = contentBefore || (content & fromBit) != 0;
+    }
+    consumed_ += lineStart - first;
+    begin_ = lineStart;
+    return false;
+}
 
 std::int64_t LineReader::countBlankLines(std::uint64_t stopAt) {
     std::int64_t blank = 0;
     std::string_view line;
     while (consumed_ < stopAt) {
         if (!skipLeadingLineFeed_ && begin_ < end_) {
+            if (countBlankLinesByWindows(stopAt, blank))
+                break;
             // The lines whose end and the byte after it lie in the block.
             const char* data = buffer_.data();
             std::size_t lineStart = begin_;

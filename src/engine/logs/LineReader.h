@@ -82,6 +82,8 @@ public:
 
 private:
     bool nextSlow(std::string_view& line);
+    // The whole 64-byte windows of countBlankLines; true when it reached `stopAt`.
+    bool countBlankLinesByWindows(std::uint64_t stopAt, std::int64_t& blank);
     bool fill();
 
     int fd_ = -1;
