@@ -3,6 +3,10 @@
 #include "LogFixture.h"
 #include "logs/GridViews.h"
 
+#include <cstring>
+#include <string>
+#include <vector>
+
 using namespace twk;
 
 namespace {
@@ -144,6 +148,39 @@ TEST(LogsGrid, StringPoolSharesInternedTextsAndHoldsLongOnes) {
     EXPECT_EQ(pool.view(b), big);
     EXPECT_EQ(pool.view(c), "after");
     EXPECT_EQ(pool.view(a), "Warning");
+}
+
+TEST(LogsGrid, StringPoolBuildsTextsInPlaceAcrossChunks) {
+    StringPool pool;
+    const auto build = [&](const std::vector<std::string>& pieces) {
+        pool.beginText();
+        for (const std::string& piece : pieces) {
+            // More room asked than used, as a conversion of unknown length does.
+            char* at = pool.reserveText(piece.size() * 3);
+            std::memcpy(at, piece.data(), piece.size());
+            pool.advanceText(piece.size());
+        }
+        return pool.finishText();
+    };
+    EXPECT_EQ(build({}), kEmptyString);
+    EXPECT_EQ(build({"", ""}), kEmptyString);
+    const StringId first = build({"one", "  |  ", "two"}); // into a fresh chunk
+    const StringId stored = pool.store("between");
+    // Pieces that outgrow the room left in the chunk move the text to a new one, and
+    // a text of several chunks' length still comes out whole.
+    const std::string piece(3 * 1024 * 1024, 'p');
+    const StringId moved = build({"head", piece, piece});
+    std::string hugeText(5 * 1024 * 1024, 'h');
+    const StringId huge = build({hugeText, "tail"});
+    hugeText += "tail";
+    const StringId after = build({"after"});
+    EXPECT_EQ(pool.view(first), "one  |  two");
+    EXPECT_EQ(pool.view(stored), "between");
+    EXPECT_EQ(pool.view(moved), "head" + piece + piece);
+    EXPECT_EQ(pool.view(huge), hugeText);
+    EXPECT_EQ(pool.view(after), "after");
+    EXPECT_EQ(pool.view(pool.store("last")), "last");
+    EXPECT_EQ(pool.view(first), "one  |  two");
 }
 
 TEST_F(GridSort, ColumnsOfTheLogViews) {

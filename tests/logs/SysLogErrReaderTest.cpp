@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+
 using namespace twk;
 using twk::test::englishEntry;
 using twk::test::lines;
@@ -16,7 +18,9 @@ std::vector<SysLogEntry> readEntries(const QByteArray& bytes, LogLanguage langua
                                      ErrorCapture* errors = nullptr) {
     test::TempTree tree;
     LineReader reader(tree.write("SYS$LOG.ERR", bytes));
-    SysLogEntryReader entries(reader, language, errors);
+    // The messages live in a pool that outlasts every test.
+    static std::deque<StringPool> pools;
+    SysLogEntryReader entries(reader, language, errors, pools.emplace_back());
     std::vector<SysLogEntry> out;
     SysLogEntry e;
     while (entries.read(e))

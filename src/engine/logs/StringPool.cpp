@@ -2,11 +2,14 @@
 
 #include "core/ErrorCapture.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace twk {
 
-StringPool::StringPool() { clear(); }
+StringPool::StringPool() {
+    clear();
+}
 
 void StringPool::clear() {
     refs_.clear();
@@ -31,19 +34,54 @@ char* StringPool::allocate(std::uint32_t length, std::uint32_t& address) {
     }
     // A new chunk: one slot, or as many whole slots as a long text needs.
     const std::uint32_t slots = length <= kSlotSize ? 1 : (length + kSlotSize - 1) / kSlotSize;
+    std::uint32_t firstSlot = 0;
+    char* base = newChunk(slots, firstSlot);
+    address = firstSlot << kSlotBits;
+    // A long text fills its slots; the next text starts a fresh chunk.
+    used_ = slots == 1 ? length : kSlotSize;
+    return base;
+}
+
+char* StringPool::newChunk(std::uint32_t slots, std::uint32_t& firstSlot) {
     if (slotBase_.size() + slots > (std::size_t{1} << (32 - kSlotBits)))
         throw RunTimeError(errnum::OutOfMemory, "Out of memory");
     const std::size_t bytes = std::size_t{slots} * kSlotSize;
     chunks_.push_back(std::make_unique_for_overwrite<char[]>(bytes));
     chunkBytes_ += bytes;
     char* base = chunks_.back().get();
-    const auto firstSlot = static_cast<std::uint32_t>(slotBase_.size());
+    firstSlot = static_cast<std::uint32_t>(slotBase_.size());
     for (std::uint32_t i = 0; i < slots; ++i)
         slotBase_.push_back(base + std::size_t{i} * kSlotSize);
-    address = firstSlot << kSlotBits;
-    // A long text fills its slots; the next text starts a fresh chunk.
-    used_ = slots == 1 ? length : kSlotSize;
     return base;
+}
+
+void StringPool::growOpenText(std::size_t bytes) {
+    // The text moves to the start of a fresh chunk with room for it and the new bytes.
+    const std::uint64_t needed = std::uint64_t{open_} + bytes;
+    if (needed > UINT32_MAX)
+        throw RunTimeError(errnum::OutOfMemory, "Out of memory");
+    const auto slots = static_cast<std::uint32_t>((needed + kSlotSize - 1) / kSlotSize);
+    std::uint32_t firstSlot = 0;
+    char* base = newChunk(slots, firstSlot);
+    if (open_ > 0)
+        std::memcpy(base, openStart_, open_);
+    openStart_ = base;
+    openAddress_ = firstSlot << kSlotBits;
+    openCapacity_ = static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(std::uint64_t{slots} * kSlotSize, UINT32_MAX));
+    // A text of several slots closes its chunk; in one slot it is the current slot.
+    used_ = slots <= 1 ? 0 : kSlotSize;
+}
+
+StringId StringPool::finishText() {
+    if (open_ == 0)
+        return kEmptyString;
+    if (refs_.size() >= UINT32_MAX)
+        throw RunTimeError(errnum::OutOfMemory, "Out of memory");
+    refs_.push_back({openAddress_, open_});
+    if (openCapacity_ <= kSlotSize)
+        used_ = (openAddress_ & kSlotMask) + open_;
+    return static_cast<StringId>(refs_.size() - 1);
 }
 
 StringId StringPool::store(std::string_view text) {

@@ -21,6 +21,23 @@ public:
 
     /// Stores a new copy of `text` and returns its id (the empty text is always id 0).
     StringId store(std::string_view text);
+    /// Builds a text in place, piece by piece: beginText(), then for each piece
+    /// reserveText(n) gives room for up to n bytes and advanceText(k) keeps the k bytes
+    /// written there; finishText() stores the text. No other text may be stored between
+    /// beginText() and finishText().
+    void beginText() {
+        open_ = 0;
+        openCapacity_ = kSlotSize - used_;
+        openStart_ = openCapacity_ > 0 ? slotBase_.back() + used_ : nullptr;
+        openAddress_ = (static_cast<std::uint32_t>(slotBase_.size() - 1) << kSlotBits) | used_;
+    }
+    char* reserveText(std::size_t bytes) {
+        if (bytes > openCapacity_ - open_)
+            growOpenText(bytes);
+        return openStart_ + open_;
+    }
+    void advanceText(std::size_t bytes) { open_ += static_cast<std::uint32_t>(bytes); }
+    StringId finishText();
     /// Returns the id of an equal text stored through intern() before, or stores it.
     StringId intern(std::string_view text);
     /// Room for `count` texts, so that a load of known size grows no table.
@@ -45,12 +62,20 @@ private:
         std::uint32_t length;
     };
     char* allocate(std::uint32_t length, std::uint32_t& address);
+    // A new chunk of `slots` whole slots; gives its first slot's number.
+    char* newChunk(std::uint32_t slots, std::uint32_t& firstSlot);
+    void growOpenText(std::size_t bytes);
 
     std::vector<Ref> refs_;
     std::vector<std::unique_ptr<char[]>> chunks_;
     std::vector<char*> slotBase_; // per slot: where its bytes start
     std::uint32_t used_ = 0;      // bytes used in the current (last) slot
     std::size_t chunkBytes_ = 0;
+    // The text being built: where it starts, its address, its room and length.
+    char* openStart_ = nullptr;
+    std::uint32_t openAddress_ = 0;
+    std::uint32_t openCapacity_ = 0;
+    std::uint32_t open_ = 0;
     std::unordered_map<std::string_view, StringId> interned_;
 };
 

@@ -18,6 +18,7 @@
 #include <emmintrin.h>
 #endif
 #include <cstdio>
+#include <cstring>
 #include <memory>
 
 namespace twk {
@@ -160,8 +161,20 @@ LanguageDecision detectLanguage(const QString& path) {
     return LanguageDecision::Unknown;
 }
 
-SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors)
-    : reader_(reader), language_(language), errors_(errors) {}
+SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors,
+                                     StringPool& pool)
+    : reader_(reader), language_(language), errors_(errors), pool_(pool) {}
+
+void SysLogEntryReader::appendToMessage(std::string_view raw, bool lineFeedToBlank) {
+    const std::size_t special = firstOemSpecial(raw, lineFeedToBlank);
+    if (special == raw.size()) {
+        std::memcpy(pool_.reserveText(raw.size()), raw.data(), raw.size());
+        pool_.advanceText(raw.size());
+        return;
+    }
+    char* at = pool_.reserveText(kMaxOemGrowth * raw.size());
+    pool_.advanceText(static_cast<std::size_t>(writeOem(at, raw, lineFeedToBlank, special) - at));
+}
 
 int SysLogEntryReader::lookup(std::string_view token, int tableSize, const char* what) {
     // One or two digits, as nearly every log writes them, are read here; the rest goes
@@ -335,12 +348,12 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
     }
 
     // Message: the first text line, then every further line up to an empty one.
-    e.message.clear();
+    pool_.beginText();
     std::string_view textLine;
     if (!endOfFile && nextLine(textLine)) {
         const std::string_view first = text::trim(textLine);
         sawText = sawText || !first.empty();
-        appendOem(e.message, first, true);
+        appendToMessage(first, true);
         while (true) {
             if (!nextLine(textLine)) {
                 endOfFile = true;
@@ -350,12 +363,16 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
             if (more.empty())
                 break;
             sawText = true;
-            e.message += "  |  ";
-            appendOem(e.message, more, german);
+            constexpr std::string_view kJoin = "  |  ";
+            std::memcpy(pool_.reserveText(kJoin.size()), kJoin.data(), kJoin.size());
+            pool_.advanceText(kJoin.size());
+            appendToMessage(more, german);
         }
     } else {
         endOfFile = true;
     }
+    e.messageId = pool_.finishText();
+    e.message = pool_.view(e.messageId);
     return !(endOfFile && !sawText);
 }
 
@@ -392,7 +409,7 @@ public:
             pool_.store(std::string_view(number, static_cast<std::size_t>(end - number)));
         icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
         text[kColErrorNr] = errorNumbers_.get(pool_, e.errorNr);
-        text[kColMessage] = pool_.store(e.message);
+        text[kColMessage] = e.messageId;
     }
 
 private:
@@ -495,7 +512,7 @@ void ShowSysLogErr(Engine& engine, const QString& path) {
                 const std::int64_t firstRow = fnFirstEntryRow(path);
                 if (firstRow > 1)
                     reader.skip(firstRow - 1);
-                SysLogEntryReader entries(reader, language, &engine.errors);
+                SysLogEntryReader entries(reader, language, &engine.errors, grid.pool());
                 grid.pool().reserve(static_cast<std::size_t>(rows) * 4 + 64);
                 auto writer = std::make_unique<RowWriter>(grid);
                 // Entries are read some dozens at a time, which lets their event types be

@@ -4,6 +4,7 @@
 
 #include "logs/EventTypeRecognizer.h"
 #include "logs/LineReader.h"
+#include "logs/StringPool.h"
 
 #include <QString>
 
@@ -43,7 +44,9 @@ struct SysLogEntry {
     std::string_view category;
     int eventIcon = 24;
     std::string errorNr;
-    std::string message;
+    /// The message, stored in the reader's pool as it was read.
+    std::string_view message;
+    StringId messageId = kEmptyString;
     // Table index of each token, -1 when the token is missing or out of range.
     int severity = -1;
     int locus = -1;
@@ -53,7 +56,9 @@ struct SysLogEntry {
 /// Reads entries one after the other from an open file.
 class SysLogEntryReader {
 public:
-    SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors);
+    /// Messages are stored into `pool` as they are read.
+    SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors,
+                      StringPool& pool);
     /// Reads the next entry. False when the file ended before a line of it with text.
     bool read(SysLogEntry& entry);
     /// Reads up to `count` entries into `entries` and returns how many were read: fewer
@@ -67,10 +72,12 @@ private:
     void readCodeLine(std::string_view code, SysLogEntry& entry);
     int lookup(std::string_view token, int tableSize, const char* what);
     void reportOutOfRange(std::int64_t index, const char* what);
+    void appendToMessage(std::string_view raw, bool lineFeedToBlank);
 
     LineReader& reader_;
     LogLanguage language_;
     ErrorCapture* errors_;
+    StringPool& pool_;
     std::string date_; // kept from entry to entry when a header has no double blank
     std::string rawDate_;
     bool reported_ = false;
