@@ -72,6 +72,55 @@ std::int64_t findDoubleBlank(std::string_view s) {
     return 0;
 }
 
+// What an entry's header tells before it is cut up: where its first double blank stands
+// (1-based, 0 for none), whether it holds "am" and "pm" without case, and whether it is
+// plain ASCII.
+struct HeaderFacts {
+    std::int64_t doubleBlank = 0;
+    AmPm amPm;
+    bool plain = true;
+};
+
+HeaderFacts scanHeader(std::string_view s) {
+    HeaderFacts facts;
+#if defined(__SSE2__)
+    if (s.size() >= 16 && s.size() <= 64) {
+        // Bit masks over the whole header, from windows of sixteen bytes (the last one
+        // ends with the header and may overlap the one before).
+        std::uint64_t blank = 0, m = 0, a = 0, p = 0, high = 0;
+        const __m128i caseBit = _mm_set1_epi8(0x20);
+        const auto add = [&](std::size_t at) {
+            const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s.data() + at));
+            const __m128i folded = _mm_or_si128(block, caseBit);
+            const auto bits = [&](__m128i eq) {
+                return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(eq)))
+                       << at;
+            };
+            blank |= bits(_mm_cmpeq_epi8(block, _mm_set1_epi8(' ')));
+            m |= bits(_mm_cmpeq_epi8(folded, _mm_set1_epi8('m')));
+            a |= bits(_mm_cmpeq_epi8(folded, _mm_set1_epi8('a')));
+            p |= bits(_mm_cmpeq_epi8(folded, _mm_set1_epi8('p')));
+            high |= bits(block);
+        };
+        std::size_t at = 0;
+        for (; at + 16 <= s.size(); at += 16)
+            add(at);
+        if (at < s.size())
+            add(s.size() - 16);
+        const std::uint64_t pairs = blank & (blank >> 1);
+        facts.doubleBlank = pairs != 0 ? __builtin_ctzll(pairs) + 1 : 0;
+        facts.amPm.am = ((a << 1) & m) != 0;
+        facts.amPm.pm = ((p << 1) & m) != 0;
+        facts.plain = high == 0;
+        return facts;
+    }
+#endif
+    facts.doubleBlank = findDoubleBlank(s);
+    facts.amPm = findAmPm(s);
+    facts.plain = isPlainAscii(s);
+    return facts;
+}
+
 } // namespace
 
 bool isEntryHeader(std::string_view line, std::string_view* dateToken) {
@@ -302,35 +351,44 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
 
     // Header: date, two blanks, time, am/pm, colon, error number text.
     const std::string_view header = text::trim(line);
-    const auto pos = findDoubleBlank(header);
+    const HeaderFacts facts = scanHeader(header);
+    const std::int64_t pos = facts.doubleBlank;
     if (pos > 0) {
         const std::string_view rawDate = text::left(header, pos - 1);
         if (rawDate != rawDate_) { // consecutive entries mostly share their date
             rawDate_.assign(rawDate);
-            date_.clear();
-            appendOem(date_, rawDate, false);
+            std::string date;
+            appendOem(date, rawDate, false);
+            dateId_ = pool_.intern(date);
         }
     }
-    e.date = date_;
+    e.dateId = dateId_;
+    e.date = pool_.view(dateId_);
     // Headers are nearly always plain ASCII: their pieces are then copied as they are.
-    const bool plain = isPlainAscii(header);
-    const auto put = [plain](std::string& out, std::string_view raw) {
-        if (plain)
-            out.append(raw);
-        else
-            appendOem(out, raw, false);
+    const auto put = [&facts](char* out, std::string_view raw) {
+        if (facts.plain) {
+            std::memcpy(out, raw.data(), raw.size());
+            return out + raw.size();
+        }
+        return writeOem(out, raw, false, firstOemSpecial(raw, false));
     };
-    e.time.clear();
-    put(e.time, text::mid(header, pos + 2, 8));
-    if (!e.time.empty() && e.time[0] == ' ')
-        e.time[0] = '0';
-    const AmPm amPm = findAmPm(header);
-    if (amPm.am)
-        e.time += " am";
-    if (amPm.pm)
-        e.time += " pm";
-    e.errorNr.assign(1, ' ');
-    put(e.errorNr, text::mid(header, pos + 16, 30));
+    // Room for the longest pieces: 8 and 30 bytes of header, each byte up to 3 of UTF-8.
+    char piece[1 + 30 * kMaxOemGrowth];
+    char* end = put(piece, text::mid(header, pos + 2, 8));
+    if (end != piece && piece[0] == ' ')
+        piece[0] = '0';
+    for (const auto& [found, suffix] : {std::pair{facts.amPm.am, " am"}, {facts.amPm.pm, " pm"}})
+        if (found) {
+            std::memcpy(end, suffix, 3);
+            end += 3;
+        }
+    e.timeId = times_.get(pool_, std::string_view(piece, static_cast<std::size_t>(end - piece)));
+    e.time = pool_.view(e.timeId);
+    piece[0] = ' ';
+    end = put(piece + 1, text::mid(header, pos + 16, 30));
+    e.errorNrId =
+        errorNumbers_.get(pool_, std::string_view(piece, static_cast<std::size_t>(end - piece)));
+    e.errorNr = pool_.view(e.errorNrId);
     // Text seen in this entry; an entry cut off by the end of the file before any text
     // (empty lines at the end) is no entry.
     bool sawText = !header.empty();
@@ -394,12 +452,8 @@ public:
         StringId* text = grid_.rowTextIds(row) - 1; // so that text[col] is column col
         std::int8_t* icon = grid_.rowIcons(row) - 1;
         icon[kColIcon] = static_cast<std::int8_t>(e.statusIcon);
-        if (e.date != lastDate_ || lastDateId_ == kUnset) {
-            lastDate_ = e.date;
-            lastDateId_ = pool_.intern(e.date);
-        }
-        text[kColDate] = lastDateId_;
-        text[kColTime] = times_.get(pool_, e.time);
+        text[kColDate] = e.dateId;
+        text[kColTime] = e.timeId;
         text[kColState] = cached(stateIds_, e.severity, e.state);
         text[kColSource] = cached(sourceIds_, e.locus, e.source);
         text[kColCategory] = cached(categoryIds_, e.klass, e.category);
@@ -408,7 +462,7 @@ public:
         text[kColEvent] =
             pool_.store(std::string_view(number, static_cast<std::size_t>(end - number)));
         icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
-        text[kColErrorNr] = errorNumbers_.get(pool_, e.errorNr);
+        text[kColErrorNr] = e.errorNrId;
         text[kColMessage] = e.messageId;
     }
 
@@ -425,13 +479,9 @@ private:
 
     Grid& grid_;
     StringPool& pool_;
-    std::string lastDate_;
-    StringId lastDateId_ = kUnset;
     std::array<StringId, kStatusCount + 1> stateIds_{};
     std::array<StringId, kLocusCount + 1> sourceIds_{};
     std::array<StringId, kClassCount + 1> categoryIds_{};
-    RecentTexts times_;
-    RecentTexts errorNumbers_;
 };
 
 LogLanguage languageForPane(Engine& engine, const QString& path) {
@@ -512,7 +562,9 @@ void ShowSysLogErr(Engine& engine, const QString& path) {
                 const std::int64_t firstRow = fnFirstEntryRow(path);
                 if (firstRow > 1)
                     reader.skip(firstRow - 1);
-                SysLogEntryReader entries(reader, language, &engine.errors, grid.pool());
+                // On the heap: the reader keeps tables of recent texts.
+                auto entries = std::make_unique<SysLogEntryReader>(reader, language, &engine.errors,
+                                                                   grid.pool());
                 grid.pool().reserve(static_cast<std::size_t>(rows) * 4 + 64);
                 auto writer = std::make_unique<RowWriter>(grid);
                 // Entries are read some dozens at a time, which lets their event types be
@@ -522,7 +574,7 @@ void ShowSysLogErr(Engine& engine, const QString& path) {
                 bool fileEnded = false;
                 while (remaining > 0 && !fileEnded && !reader.atEnd()) {
                     const auto wanted = static_cast<std::size_t>(std::min(kBatch, remaining));
-                    const std::size_t got = entries.readMany(batch.data(), wanted);
+                    const std::size_t got = entries->readMany(batch.data(), wanted);
                     fileEnded = got < wanted;
                     for (std::size_t k = 0; k < got; ++k) {
                         writer->write(remaining, batch[k], total - remaining + 1);

@@ -34,18 +34,21 @@ enum class LanguageDecision { English, German, Unknown };
 /// The language of the file's first code line.
 LanguageDecision detectLanguage(const QString& path);
 
-/// One entry of the log, as the grid row shows it.
+/// One entry of the log, as the grid row shows it. Its texts are stored in the reader's
+/// pool as they are read (the views show them, the ids are the grid's cells).
 struct SysLogEntry {
     int statusIcon = 0;
-    std::string date;
-    std::string time;
+    std::string_view date;
+    std::string_view time;
     std::string_view state;
     std::string_view source;
     std::string_view category;
     int eventIcon = 24;
-    std::string errorNr;
-    /// The message, stored in the reader's pool as it was read.
+    std::string_view errorNr;
     std::string_view message;
+    StringId dateId = kEmptyString;
+    StringId timeId = kEmptyString;
+    StringId errorNrId = kEmptyString;
     StringId messageId = kEmptyString;
     // Table index of each token, -1 when the token is missing or out of range.
     int severity = -1;
@@ -56,7 +59,7 @@ struct SysLogEntry {
 /// Reads entries one after the other from an open file.
 class SysLogEntryReader {
 public:
-    /// Messages are stored into `pool` as they are read.
+    /// Texts are stored into `pool` as they are read.
     SysLogEntryReader(LineReader& reader, LogLanguage language, ErrorCapture* errors,
                       StringPool& pool);
     /// Reads the next entry. False when the file ended before a line of it with text.
@@ -78,8 +81,11 @@ private:
     LogLanguage language_;
     ErrorCapture* errors_;
     StringPool& pool_;
-    std::string date_; // kept from entry to entry when a header has no double blank
     std::string rawDate_;
+    StringId dateId_ = kEmptyString; // kept from entry to entry when a header has no double blank
+    // Times and error numbers repeat: recent ones are shared.
+    RecentTexts times_;
+    RecentTexts errorNumbers_;
     bool reported_ = false;
 };
 
