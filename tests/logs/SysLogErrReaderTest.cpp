@@ -113,6 +113,32 @@ TEST(LogsSysLogEntry, EnglishEntriesBecomeTheirCells) {
     EXPECT_EQ(cells(e[4]), "1-15-2003|10:00:01 am|2|Recovered|Disk|Hardware Failure|   X|n|24");
 }
 
+TEST(LogsSysLogEntry, CodeLinesNearTheUsualLayoutReadAsTheirTokens) {
+    struct Case {
+        const char* code;
+        const char* cells; // state, source, category
+    };
+    const Case cases[] = {
+        {"Severity = 3  Locus = 19  Class = 21", "Critical|Domain|Protect Violation"},
+        {"Severity = 1 Locus = 5  Class = 7", "Warning|Protocols|Request Error"},
+        {"Severity = 12  Locus = 5  Class = 7", "Warning|Protocols|Request Error"},
+        {"Severity = 3  Locus = 123  Class = 2", "Critical|Kernel|Temporary Situation"},
+        {"Severity = 3  Locus = 5  Class = 2  Locus = 7", "Critical|Protocols|Temporary Situation"},
+        {"Severity = 3  Locus = 20  Class = 2", "Critical|???|Temporary Situation"},
+        {"Severity = 3  Locus =  5  Class = 2", "Critical|Protocols|Temporary Situation"},
+    };
+    QByteArray bytes;
+    for (const Case& c : cases)
+        bytes += englishEntry("1-15-2003  10:00:01 am:    X", c.code, {"m"});
+    const auto e = readEnglish(bytes);
+    ASSERT_EQ(e.size(), std::size(cases));
+    for (std::size_t i = 0; i < e.size(); ++i)
+        EXPECT_EQ(std::string(e[i].state) + "|" + std::string(e[i].source) + "|" +
+                      std::string(e[i].category),
+                  cases[i].cells)
+            << cases[i].code;
+}
+
 TEST(LogsSysLogEntry, AmAndPmAreTestedOnTheWholeHeader) {
     const auto e =
         readEnglish(englishEntry("1-15-2003  10:00:01 am:    CAMPUS-PM-7", kZeroCodes, {"x"}) +

@@ -294,8 +294,57 @@ template <const CodeWords& W> std::array<std::int64_t, 3> codeWordPlaces(std::st
 
 } // namespace
 
+// The values of a code line as servers write it: the three words in their order, each
+// with its value right behind, two blanks between, a one-digit severity and tables'
+// numbers of one or two digits. Every word then stands where it is first found and each
+// value is what its token reads; anything else gives false and goes the general way.
+template <const CodeWords& W>
+bool readUsualCodeLine(std::string_view code, std::array<int, 3>& values) {
+    std::size_t at = 0;
+    const auto word = [&](std::string_view w) {
+        if (code.size() - at < w.size() + 2 || code.compare(at, w.size(), w) != 0 ||
+            code[at + w.size()] != ' ')
+            return false;
+        at += w.size() + 1;
+        return true;
+    };
+    const auto digit = [&](std::size_t i) {
+        return i < code.size() && static_cast<unsigned>(code[i] - '0') < 10;
+    };
+    const auto number = [&](int& value, std::size_t maxDigits) {
+        if (!digit(at))
+            return false;
+        value = code[at++] - '0';
+        if (maxDigits > 1 && digit(at))
+            value = value * 10 + (code[at++] - '0');
+        return !digit(at);
+    };
+    const auto gap = [&] {
+        if (code.size() - at < 2 || code[at] != ' ' || code[at + 1] != ' ')
+            return false;
+        at += 2;
+        return true;
+    };
+    return word(W.severity) && number(values[0], 1) && gap() && word(W.locus) &&
+           number(values[1], 2) && gap() && word(W.klass) && number(values[2], 2) &&
+           at == code.size() && values[0] < kStatusCount && values[1] < kLocusCount &&
+           values[2] < kClassCount;
+}
+
 void SysLogEntryReader::readCodeLine(std::string_view code, SysLogEntry& e) {
     const bool german = language_ == LogLanguage::German;
+    std::array<int, 3> values{};
+    if (german ? readUsualCodeLine<kGermanCodeWords>(code, values)
+               : readUsualCodeLine<kEnglishCodeWords>(code, values)) [[likely]] {
+        e.severity = values[0];
+        e.locus = values[1];
+        e.klass = values[2];
+        e.statusIcon = e.severity;
+        e.state = StatusNames[static_cast<std::size_t>(e.severity)];
+        e.source = LocusNames[static_cast<std::size_t>(e.locus)];
+        e.category = ClassNames[static_cast<std::size_t>(e.klass)];
+        return;
+    }
     const CodeWords& w = german ? kGermanCodeWords : kEnglishCodeWords;
     const std::array<std::int64_t, 3> place =
         german ? codeWordPlaces<kGermanCodeWords>(code) : codeWordPlaces<kEnglishCodeWords>(code);
