@@ -24,6 +24,10 @@ void StringPool::clear() {
     refs_.push_back({0, 0});
 }
 
+void StringPool::throwOutOfMemory() {
+    throw RunTimeError(errnum::OutOfMemory, "Out of memory");
+}
+
 char* StringPool::allocate(std::uint32_t length, std::uint32_t& address) {
     if (length <= kSlotSize - used_) {
         const auto slot = static_cast<std::uint32_t>(slotBase_.size() - 1);
@@ -71,17 +75,6 @@ void StringPool::growOpenText(std::size_t bytes) {
         std::min<std::uint64_t>(std::uint64_t{slots} * kSlotSize, UINT32_MAX));
     // A text of several slots closes its chunk; in one slot it is the current slot.
     used_ = slots <= 1 ? 0 : kSlotSize;
-}
-
-StringId StringPool::finishText() {
-    if (open_ == 0)
-        return kEmptyString;
-    if (refs_.size() >= UINT32_MAX)
-        throw RunTimeError(errnum::OutOfMemory, "Out of memory");
-    refs_.push_back({openAddress_, open_});
-    if (openCapacity_ <= kSlotSize)
-        used_ = (openAddress_ & kSlotMask) + open_;
-    return static_cast<StringId>(refs_.size() - 1);
 }
 
 StringId StringPool::store(std::string_view text) {

@@ -37,7 +37,16 @@ public:
         return openStart_ + open_;
     }
     void advanceText(std::size_t bytes) { open_ += static_cast<std::uint32_t>(bytes); }
-    StringId finishText();
+    StringId finishText() {
+        if (open_ == 0)
+            return kEmptyString;
+        if (refs_.size() >= UINT32_MAX) [[unlikely]]
+            throwOutOfMemory();
+        refs_.push_back({openAddress_, open_});
+        if (openCapacity_ <= kSlotSize)
+            used_ = (openAddress_ & kSlotMask) + open_;
+        return static_cast<StringId>(refs_.size() - 1);
+    }
     /// Returns the id of an equal text stored through intern() before, or stores it.
     StringId intern(std::string_view text);
     /// Room for `count` texts, so that a load of known size grows no table.
@@ -62,6 +71,7 @@ private:
         std::uint32_t length;
     };
     char* allocate(std::uint32_t length, std::uint32_t& address);
+    [[noreturn]] static void throwOutOfMemory();
     // A new chunk of `slots` whole slots; gives its first slot's number.
     char* newChunk(std::uint32_t slots, std::uint32_t& firstSlot);
     void growOpenText(std::size_t bytes);

@@ -506,10 +506,13 @@ public:
         text[kColState] = cached(stateIds_, e.severity, e.state);
         text[kColSource] = cached(sourceIds_, e.locus, e.source);
         text[kColCategory] = cached(categoryIds_, e.klass, e.category);
-        char number[16];
-        const auto end = std::to_chars(number, number + sizeof number, eventNumber).ptr;
-        text[kColEvent] =
-            pool_.store(std::string_view(number, static_cast<std::size_t>(end - number)));
+        // The number is written straight into the pool.
+        constexpr std::size_t kDigits = 11;
+        pool_.beginText();
+        char* number = pool_.reserveText(kDigits);
+        pool_.advanceText(static_cast<std::size_t>(
+            std::to_chars(number, number + kDigits, eventNumber).ptr - number));
+        text[kColEvent] = pool_.finishText();
         icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
         text[kColErrorNr] = e.errorNrId;
         text[kColMessage] = e.messageId;
