@@ -80,14 +80,41 @@ void appendUtf8(std::string& out, std::uint32_t cp) {
 char* writeOem(char* out, std::string_view raw, bool lineFeedToBlank, std::size_t special) {
     std::memcpy(out, raw.data(), special);
     out += special;
-    for (std::size_t i = special; i < raw.size(); ++i) {
-        const auto c = static_cast<unsigned char>(raw[i]);
-        if (c < 0x80 && !(lineFeedToBlank && c == '\n'))
-            *out++ = static_cast<char>(c);
-        else if (c == '\n')
+    std::size_t i = special;
+    const auto convert = [&](unsigned char c) {
+        if (c == '\n')
             *out++ = ' ';
         else
             out = writeUtf8(out, kCp850[c - 0x80]);
+    };
+#if defined(__SSE2__)
+    // Sixteen bytes are copied at once and the copy is kept up to the next special byte.
+    // The room behind `out` (kMaxOemGrowth bytes for each byte left) holds the copy.
+    const __m128i lineFeed = _mm_set1_epi8('\n');
+    while (raw.size() - i >= 16) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(raw.data() + i));
+        __m128i specials = block;
+        if (lineFeedToBlank)
+            specials = _mm_or_si128(specials, _mm_cmpeq_epi8(block, lineFeed));
+        const auto mask = static_cast<unsigned>(_mm_movemask_epi8(specials));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), block);
+        if (mask == 0) {
+            out += 16;
+            i += 16;
+            continue;
+        }
+        const auto plain = static_cast<std::size_t>(__builtin_ctz(mask));
+        out += plain;
+        i += plain;
+        convert(static_cast<unsigned char>(raw[i++]));
+    }
+#endif
+    for (; i < raw.size(); ++i) {
+        const auto c = static_cast<unsigned char>(raw[i]);
+        if (c < 0x80 && !(lineFeedToBlank && c == '\n'))
+            *out++ = static_cast<char>(c);
+        else
+            convert(c);
     }
     return out;
 }
