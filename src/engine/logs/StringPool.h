@@ -116,8 +116,13 @@ private:
             h = (h ^ w) * 0xBF58476D1CE4E5B9ull;
             h ^= h >> 31;
         }
+        // The last bytes: the eight that end the text (some hashed already), or each.
         std::uint64_t tail = 0;
-        std::memcpy(&tail, text.data() + i, text.size() - i);
+        if (text.size() >= 8)
+            std::memcpy(&tail, text.data() + text.size() - 8, 8);
+        else
+            for (; i < text.size(); ++i)
+                tail = (tail << 8) | static_cast<unsigned char>(text[i]);
         h = (h ^ tail) * 0x94D049BB133111EBull;
         return h ^ (h >> 29);
     }

@@ -431,7 +431,8 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
             std::memcpy(end, suffix, 3);
             end += 3;
         }
-    e.timeId = times_.get(pool_, std::string_view(piece, static_cast<std::size_t>(end - piece)));
+    // Times rarely repeat from one entry to the next: each is stored as it is.
+    e.timeId = pool_.store(std::string_view(piece, static_cast<std::size_t>(end - piece)));
     e.time = pool_.view(e.timeId);
     piece[0] = ' ';
     end = put(piece + 1, text::mid(header, pos + 16, 30));

@@ -83,8 +83,7 @@ private:
     StringPool& pool_;
     std::string rawDate_;
     StringId dateId_ = kEmptyString; // kept from entry to entry when a header has no double blank
-    // Times and error numbers repeat: recent ones are shared.
-    RecentTexts times_;
+    // Error numbers repeat: recent ones are shared.
     RecentTexts errorNumbers_;
     bool reported_ = false;
 };
