@@ -169,24 +169,31 @@ bool LineReader::countBlankLinesByWindows(std::uint64_t stopAt, std::int64_t& bl
     const std::uint64_t room = stopAt - consumed_; // bytes until the stop
     std::size_t lineStart = begin_;
     bool contentBefore = false; // the line begun in an earlier window has content
-    std::uint64_t crCarry = 0;  // a CR in the last byte of the previous window
+    // The bits of the next window that belong to its first line: all but the first when
+    // that is the LF of a CR LF that ended the previous window.
+    std::uint64_t nextFromBit = ~std::uint64_t{0};
     for (std::size_t window = begin_; window + 64 < end_; window += 64) {
         const std::uint64_t cr = byteMask64(data + window, '\r');
-        const std::uint64_t lineFeed = byteMask64(data + window, '\n');
-        const std::uint64_t blanks = byteMask64(data + window, ' ');
-        // A LF right after a CR ends the line; any other byte but a blank is content.
-        const std::uint64_t lineEndFeed = lineFeed & ((cr << 1) | crCarry);
-        const std::uint64_t content = ~(blanks | cr | lineEndFeed);
-        crCarry = cr >> 63;
-        std::uint64_t fromBit = ~std::uint64_t{0}; // bits of the current line in this window
+        const std::uint64_t content = ~(byteMask64(data + window, ' ') | cr);
+        std::uint64_t fromBit = nextFromBit; // bits of the current line in this window
+        nextFromBit = ~std::uint64_t{0};
         for (std::uint64_t ends = cr; ends != 0; ends &= ends - 1) {
             const int bit = __builtin_ctzll(ends);
             const std::uint64_t below = (std::uint64_t{1} << bit) - 1;
             blank += (contentBefore || (content & fromBit & below) != 0) ? 0 : 1;
             const std::size_t at = window + static_cast<std::size_t>(bit);
-            lineStart = at + 1 + (data[at + 1] == '\n' ? 1 : 0);
+            // A LF right after the CR ends the line too: it is no byte of the next one.
+            const int lineFeed = data[at + 1] == '\n' ? 1 : 0;
+            lineStart = at + 1 + static_cast<std::size_t>(lineFeed);
             contentBefore = false;
-            fromBit = ~((below << 1) | 1);
+            const int last = bit + lineFeed; // the last bit of this line's end
+            if (last >= 63) {
+                fromBit = 0;
+                if (last == 64)
+                    nextFromBit = ~std::uint64_t{1};
+            } else {
+                fromBit = ~((std::uint64_t{2} << last) - 1);
+            }
             if (lineStart - first >= room) {
                 consumed_ += lineStart - first;
                 begin_ = lineStart;
