@@ -139,6 +139,9 @@ TEST_F(SysLogLoad, SixHundredEntriesFlashAndMoreRunTheBar) {
     EXPECT_EQ(progress.hidden, 1);
     EXPECT_EQ(engine.Grid1.Rows(), 601);
     EXPECT_EQ(pane(1), QStringLiteral("601/601"));
+    // Row r holds entry 602 - r: its number, counted across every change of length.
+    for (const int number : {1, 9, 10, 11, 99, 100, 101, 599, 600, 601})
+        EXPECT_EQ(engine.Grid1.CellText(602 - number, 7), std::to_string(number));
 }
 
 TEST_F(SysLogLoad, GermanAndUnknownLanguagesSetTheFlag) {

@@ -489,6 +489,39 @@ namespace {
 constexpr int kColIcon = 1, kColDate = 2, kColTime = 3, kColState = 4, kColSource = 5,
               kColCategory = 6, kColEvent = 7, kColEventIcon = 8, kColErrorNr = 9, kColMessage = 10;
 
+// The decimal text of numbers that mostly follow each other: the next one is counted
+// up in place instead of converted.
+class DecimalCounter {
+public:
+    /// Bytes that may be read from the start of a text().
+    static constexpr std::size_t kRoom = 16;
+    std::string_view text(int number) {
+        if (number > 0 && number - 1 == last_) {
+            std::size_t at = kEnd;
+            while (at > kEnd - length_ && buffer_[at - 1] == '9')
+                buffer_[--at] = '0';
+            if (at > kEnd - length_)
+                ++buffer_[at - 1];
+            else
+                buffer_[kEnd - ++length_] = '1';
+        } else {
+            char digits[16];
+            const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+            length_ = static_cast<std::size_t>(end - digits);
+            std::memcpy(buffer_.data() + kEnd - length_, digits, length_);
+        }
+        last_ = number;
+        return {buffer_.data() + kEnd - length_, length_};
+    }
+
+private:
+    // The digits end at kEnd; kRoom bytes from any start lie within the buffer.
+    static constexpr std::size_t kEnd = 16;
+    std::array<char, kEnd + kRoom> buffer_{};
+    std::size_t length_ = 0;
+    int last_ = -1;
+};
+
 // Writes entries into grid rows, sharing equal texts of the small columns.
 class RowWriter {
 public:
@@ -508,11 +541,10 @@ public:
         text[kColSource] = cached(sourceIds_, e.locus, e.source);
         text[kColCategory] = cached(categoryIds_, e.klass, e.category);
         // The number is written straight into the pool.
-        constexpr std::size_t kDigits = 11;
+        const std::string_view digits = numbers_.text(eventNumber);
         pool_.beginText();
-        char* number = pool_.reserveText(kDigits);
-        pool_.advanceText(static_cast<std::size_t>(
-            std::to_chars(number, number + kDigits, eventNumber).ptr - number));
+        std::memcpy(pool_.reserveText(DecimalCounter::kRoom), digits.data(), DecimalCounter::kRoom);
+        pool_.advanceText(digits.size());
         text[kColEvent] = pool_.finishText();
         icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
         text[kColErrorNr] = e.errorNrId;
@@ -535,6 +567,7 @@ private:
     std::array<StringId, kStatusCount + 1> stateIds_{};
     std::array<StringId, kLocusCount + 1> sourceIds_{};
     std::array<StringId, kClassCount + 1> categoryIds_{};
+    DecimalCounter numbers_;
 };
 
 LogLanguage languageForPane(Engine& engine, const QString& path) {
