@@ -159,18 +159,19 @@ public:
     // stretch wait on each other, those of different stretches do not.
     void scanJoined(std::string_view text, const std::uint32_t* starts, std::size_t count,
                     std::uint32_t* found) const {
-        constexpr std::size_t kLanes = 4;
         const auto* base = reinterpret_cast<const unsigned char*>(text.data());
         // Lane k starts at the first message at or after k/4 of the text.
-        std::array<std::size_t, kLanes + 1> bound{};
+        Lanes lanes{{}, {}, starts, count, found};
         std::size_t m = 0;
         for (std::size_t k = 1; k < kLanes; ++k) {
             const std::size_t wanted = text.size() * k / kLanes;
             while (m < count && starts[m] < wanted)
                 ++m;
-            bound[k] = m < count ? starts[m] : text.size();
+            lanes.bound[k] = m < count ? starts[m] : text.size();
+            lanes.message[k] = m;
         }
-        bound[kLanes] = text.size();
+        lanes.bound[kLanes] = text.size();
+        const auto& bound = lanes.bound;
         std::size_t steps = text.size();
         for (std::size_t k = 0; k < kLanes; ++k)
             steps = std::min(steps, bound[k + 1] - bound[k]);
@@ -187,10 +188,8 @@ public:
             r1 = table[r1 + classOf[p[d1]]];
             r2 = table[r2 + classOf[p[d2]]];
             r3 = table[r3 + classOf[p[d3]]];
-            if ((r0 | r1 | r2 | r3) >= kAccepting) [[unlikely]] {
-                const auto at = static_cast<std::size_t>(p - base);
-                noteFour(r0, r1, r2, r3, at, bound, starts, count, found);
-            }
+            if ((r0 | r1 | r2 | r3) >= kAccepting) [[unlikely]]
+                noteFour(r0, r1, r2, r3, static_cast<std::size_t>(p - base) - bound[0], lanes);
         }
         // The rest of each stretch alone.
         const std::array<std::uint32_t, kLanes> rows = {r0, r1, r2, r3};
@@ -199,34 +198,39 @@ public:
             for (std::size_t at = bound[k] + steps; at < bound[k + 1]; ++at) {
                 row = table[row + classOf[base[at]]];
                 if (row >= kAccepting)
-                    note(row, at, starts, count, found);
+                    note(k, row, at, lanes);
             }
         }
     }
 
 private:
-    // The phrases that end in state `row` at `place` of a joined text go to the message
-    // standing there.
-    void note(std::uint32_t row, std::size_t place, const std::uint32_t* starts, std::size_t count,
-              std::uint32_t* found) const {
+    static constexpr std::size_t kLanes = 4;
+    // Where the lanes of a joined text start, and the message each stands in.
+    struct Lanes {
+        std::array<std::size_t, kLanes + 1> bound;
+        std::array<std::size_t, kLanes> message;
+        const std::uint32_t* starts;
+        std::size_t count;
+        std::uint32_t* found;
+    };
+    // The phrases that end in state `row` at `place` of lane k go to the message standing
+    // there; a lane's places only grow, so its message is found by walking on.
+    void note(std::size_t k, std::uint32_t row, std::size_t place, Lanes& lanes) const {
         if (outByRow_[row] == 0)
             return;
-        const auto m =
-            static_cast<std::size_t>(std::upper_bound(starts, starts + count, place) - starts) - 1;
-        found[m] |= outByRow_[row];
+        std::size_t& m = lanes.message[k];
+        while (m + 1 < lanes.count && lanes.starts[m + 1] <= place)
+            ++m;
+        lanes.found[m] |= outByRow_[row];
     }
-    // The same for the four lanes, `at` bytes into the first one: kept out of line, so
-    // that the rare case costs the loop no registers.
+    // The same for the four lanes, `step` bytes into each: kept out of line, so that the
+    // rare case costs the loop no registers.
     [[gnu::noinline]] void noteFour(std::uint32_t r0, std::uint32_t r1, std::uint32_t r2,
-                                    std::uint32_t r3, std::size_t at,
-                                    const std::array<std::size_t, 5>& bound,
-                                    const std::uint32_t* starts, std::size_t count,
-                                    std::uint32_t* found) const {
-        const std::size_t step = at - bound[0];
-        note(r0, at, starts, count, found);
-        note(r1, bound[1] + step, starts, count, found);
-        note(r2, bound[2] + step, starts, count, found);
-        note(r3, bound[3] + step, starts, count, found);
+                                    std::uint32_t r3, std::size_t step, Lanes& lanes) const {
+        note(0, r0, lanes.bound[0] + step, lanes);
+        note(1, r1, lanes.bound[1] + step, lanes);
+        note(2, r2, lanes.bound[2] + step, lanes);
+        note(3, r3, lanes.bound[3] + step, lanes);
     }
 
     std::array<std::uint8_t, 256> classOf_{};
