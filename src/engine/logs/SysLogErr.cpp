@@ -415,25 +415,31 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
     e.date = pool_.view(dateId_);
     // Headers are nearly always plain ASCII: their pieces are then copied as they are.
     const auto put = [&facts](char* out, std::string_view raw) {
-        if (facts.plain) {
+        if (!facts.plain)
+            return writeOem(out, raw, false, firstOemSpecial(raw, false));
+        if (raw.size() == 8) // a whole time: a copy of fixed length needs no call
+            std::memcpy(out, raw.data(), 8);
+        else
             std::memcpy(out, raw.data(), raw.size());
-            return out + raw.size();
-        }
-        return writeOem(out, raw, false, firstOemSpecial(raw, false));
+        return out + raw.size();
     };
-    // Room for the longest pieces: 8 and 30 bytes of header, each byte up to 3 of UTF-8.
-    char piece[1 + 30 * kMaxOemGrowth];
-    char* end = put(piece, text::mid(header, pos + 2, 8));
-    if (end != piece && piece[0] == ' ')
-        piece[0] = '0';
+    // The time is written straight into the pool (times rarely repeat from one entry to
+    // the next): 8 bytes of header, each up to 3 of UTF-8, and " am", " pm".
+    pool_.beginText();
+    char* const time = pool_.reserveText(8 * kMaxOemGrowth + 6);
+    char* end = put(time, text::mid(header, pos + 2, 8));
+    if (end != time && time[0] == ' ')
+        time[0] = '0';
     for (const auto& [found, suffix] : {std::pair{facts.amPm.am, " am"}, {facts.amPm.pm, " pm"}})
         if (found) {
             std::memcpy(end, suffix, 3);
             end += 3;
         }
-    // Times rarely repeat from one entry to the next: each is stored as it is.
-    e.timeId = pool_.store(std::string_view(piece, static_cast<std::size_t>(end - piece)));
+    pool_.advanceText(static_cast<std::size_t>(end - time));
+    e.timeId = pool_.finishText();
     e.time = pool_.view(e.timeId);
+    // Room for the error number: a blank and 30 bytes of header, each up to 3 of UTF-8.
+    char piece[1 + 30 * kMaxOemGrowth];
     piece[0] = ' ';
     end = put(piece + 1, text::mid(header, pos + 16, 30));
     e.errorNrId =
