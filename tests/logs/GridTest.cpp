@@ -150,6 +150,24 @@ TEST(LogsGrid, StringPoolSharesInternedTextsAndHoldsLongOnes) {
     EXPECT_EQ(pool.view(a), "Warning");
 }
 
+TEST(LogsGrid, StringPoolKeepsItsMemoryForTheNextTextsOnly) {
+    StringPool pool;
+    const std::string text(1024 * 1024, 't');
+    for (int i = 0; i < 6; ++i) // two chunks
+        pool.store(text);
+    const std::size_t full = pool.memoryBytes();
+    pool.clear();
+    EXPECT_EQ(pool.size(), 1u);          // only the empty text
+    EXPECT_EQ(pool.memoryBytes(), full); // kept for what comes next
+    const StringId again = pool.store("again");
+    EXPECT_EQ(pool.view(again), "again");
+    pool.clear(); // one chunk was used again, the other was not and goes
+    EXPECT_LT(pool.memoryBytes(), full);
+    pool.clear();
+    pool.clear();
+    EXPECT_LT(pool.memoryBytes(), 1024u * 1024u);
+}
+
 TEST(LogsGrid, StringPoolBuildsTextsInPlaceAcrossChunks) {
     StringPool pool;
     const auto build = [&](const std::vector<std::string>& pieces) {
@@ -157,7 +175,8 @@ TEST(LogsGrid, StringPoolBuildsTextsInPlaceAcrossChunks) {
         for (const std::string& piece : pieces) {
             // More room asked than used, as a conversion of unknown length does.
             char* at = pool.reserveText(piece.size() * 3);
-            std::memcpy(at, piece.data(), piece.size());
+            if (!piece.empty())
+                std::memcpy(at, piece.data(), piece.size());
             pool.advanceText(piece.size());
         }
         return pool.finishText();

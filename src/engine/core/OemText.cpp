@@ -78,7 +78,8 @@ void appendUtf8(std::string& out, std::uint32_t cp) {
 }
 
 char* writeOem(char* out, std::string_view raw, bool lineFeedToBlank, std::size_t special) {
-    std::memcpy(out, raw.data(), special);
+    if (special > 0)
+        std::memcpy(out, raw.data(), special);
     out += special;
     std::size_t i = special;
     const auto convert = [&](unsigned char c) {

@@ -12,9 +12,15 @@ StringPool::StringPool() {
 }
 
 void StringPool::clear() {
-    refs_.clear();
-    refs_.shrink_to_fit();
+    // The chunks of one slot are kept for the next texts (a log is mostly followed by
+    // another of like size, or by itself again); those kept last time and not used since
+    // are given back.
+    spare_.clear();
+    for (auto& chunk : chunks_)
+        if (chunk.bytes == kSlotSize)
+            spare_.push_back(std::move(chunk.memory));
     chunks_.clear();
+    refs_.clear();
     slotBase_.clear();
     interned_ = {};
     chunkBytes_ = 0;
@@ -50,9 +56,14 @@ char* StringPool::newChunk(std::uint32_t slots, std::uint32_t& firstSlot) {
     if (slotBase_.size() + slots > (std::size_t{1} << (32 - kSlotBits)))
         throw RunTimeError(errnum::OutOfMemory, "Out of memory");
     const std::size_t bytes = std::size_t{slots} * kSlotSize;
-    chunks_.push_back(std::make_unique_for_overwrite<char[]>(bytes));
+    if (slots == 1 && !spare_.empty()) {
+        chunks_.push_back({std::move(spare_.back()), bytes});
+        spare_.pop_back();
+    } else {
+        chunks_.push_back({std::make_unique_for_overwrite<char[]>(bytes), bytes});
+    }
     chunkBytes_ += bytes;
-    char* base = chunks_.back().get();
+    char* base = chunks_.back().memory.get();
     firstSlot = static_cast<std::uint32_t>(slotBase_.size());
     for (std::uint32_t i = 0; i < slots; ++i)
         slotBase_.push_back(base + std::size_t{i} * kSlotSize);
@@ -100,7 +111,8 @@ StringId StringPool::intern(std::string_view text) {
 }
 
 std::size_t StringPool::memoryBytes() const {
-    return chunkBytes_ + refs_.capacity() * sizeof(Ref) + slotBase_.capacity() * sizeof(char*) +
+    return chunkBytes_ + spare_.size() * kSlotSize + refs_.capacity() * sizeof(Ref) +
+           slotBase_.capacity() * sizeof(char*) +
            interned_.size() * (sizeof(std::string_view) + sizeof(StringId) + 2 * sizeof(void*));
 }
 

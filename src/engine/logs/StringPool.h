@@ -23,8 +23,8 @@ public:
     StringId store(std::string_view text);
     /// Builds a text in place, piece by piece: beginText(), then for each piece
     /// reserveText(n) gives room for up to n bytes and advanceText(k) keeps the k bytes
-    /// written there; finishText() stores the text. No other text may be stored between
-    /// beginText() and finishText().
+    /// written there (for no bytes it may give no address); finishText() stores the text.
+    /// No other text may be stored between beginText() and finishText().
     void beginText() {
         open_ = 0;
         openCapacity_ = kSlotSize - used_;
@@ -56,7 +56,8 @@ public:
         return {slotBase_[r.address >> kSlotBits] + (r.address & kSlotMask), r.length};
     }
     std::size_t size() const { return refs_.size(); }
-    /// Forgets every text.
+    /// Forgets every text. The memory stays for the texts that come next, until the
+    /// pool is cleared again without having needed it.
     void clear();
     /// Bytes held (chunks, references and the intern table), for memory accounting.
     std::size_t memoryBytes() const;
@@ -77,9 +78,14 @@ private:
     void growOpenText(std::size_t bytes);
 
     std::vector<Ref> refs_;
-    std::vector<std::unique_ptr<char[]>> chunks_;
-    std::vector<char*> slotBase_; // per slot: where its bytes start
-    std::uint32_t used_ = 0;      // bytes used in the current (last) slot
+    struct Chunk {
+        std::unique_ptr<char[]> memory;
+        std::size_t bytes;
+    };
+    std::vector<Chunk> chunks_;
+    std::vector<std::unique_ptr<char[]>> spare_; // free chunks of one slot
+    std::vector<char*> slotBase_;                // per slot: where its bytes start
+    std::uint32_t used_ = 0;                     // bytes used in the current (last) slot
     std::size_t chunkBytes_ = 0;
     // The text being built: where it starts, its address, its room and length.
     char* openStart_ = nullptr;

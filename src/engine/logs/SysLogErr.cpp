@@ -217,7 +217,8 @@ SysLogEntryReader::SysLogEntryReader(LineReader& reader, LogLanguage language, E
 void SysLogEntryReader::appendToMessage(std::string_view raw, bool lineFeedToBlank) {
     const std::size_t special = firstOemSpecial(raw, lineFeedToBlank);
     if (special == raw.size()) {
-        std::memcpy(pool_.reserveText(raw.size()), raw.data(), raw.size());
+        if (!raw.empty()) // an empty view may hold no address at all
+            std::memcpy(pool_.reserveText(raw.size()), raw.data(), raw.size());
         pool_.advanceText(raw.size());
         return;
     }
@@ -419,7 +420,7 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
             return writeOem(out, raw, false, firstOemSpecial(raw, false));
         if (raw.size() == 8) // a whole time: a copy of fixed length needs no call
             std::memcpy(out, raw.data(), 8);
-        else
+        else if (!raw.empty()) // an empty view may hold no address at all
             std::memcpy(out, raw.data(), raw.size());
         return out + raw.size();
     };
