@@ -439,12 +439,21 @@ bool SysLogEntryReader::readEntry(SysLogEntry& e) {
     pool_.advanceText(static_cast<std::size_t>(end - time));
     e.timeId = pool_.finishText();
     e.time = pool_.view(e.timeId);
-    // Room for the error number: a blank and 30 bytes of header, each up to 3 of UTF-8.
-    char piece[1 + 30 * kMaxOemGrowth];
-    piece[0] = ' ';
-    end = put(piece + 1, text::mid(header, pos + 16, 30));
-    e.errorNrId =
-        errorNumbers_.get(pool_, std::string_view(piece, static_cast<std::size_t>(end - piece)));
+    // The error number: a blank and 30 bytes of header. Where a blank stands before them
+    // in a plain header, the header holds the whole text already.
+    const std::string_view errorNr = text::mid(header, pos + 16, 30);
+    const std::size_t errorNrAt =
+        errorNr.empty() ? 0 : static_cast<std::size_t>(errorNr.data() - header.data());
+    if (facts.plain && errorNrAt > 0 && header[errorNrAt - 1] == ' ') {
+        e.errorNrId = errorNumbers_.get(pool_, header.substr(errorNrAt - 1, errorNr.size() + 1));
+    } else {
+        // Room for a blank and 30 bytes of header, each up to 3 of UTF-8.
+        char piece[1 + 30 * kMaxOemGrowth];
+        piece[0] = ' ';
+        end = put(piece + 1, errorNr);
+        e.errorNrId = errorNumbers_.get(
+            pool_, std::string_view(piece, static_cast<std::size_t>(end - piece)));
+    }
     e.errorNr = pool_.view(e.errorNrId);
     // Text seen in this entry; an entry cut off by the end of the file before any text
     // (empty lines at the end) is no entry.
