@@ -87,7 +87,7 @@ HeaderFacts scanHeader(std::string_view s) {
     if (s.size() >= 16 && s.size() <= 64) {
         // Bit masks over the whole header, from windows of sixteen bytes (the last one
         // ends with the header and may overlap the one before).
-        std::uint64_t blank = 0, m = 0, a = 0, p = 0, high = 0;
+        std::uint64_t blank = 0, m = 0, high = 0;
         const __m128i caseBit = _mm_set1_epi8(0x20);
         const auto add = [&](std::size_t at) {
             const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s.data() + at));
@@ -98,8 +98,6 @@ HeaderFacts scanHeader(std::string_view s) {
             };
             blank |= bits(_mm_cmpeq_epi8(block, _mm_set1_epi8(' ')));
             m |= bits(_mm_cmpeq_epi8(folded, _mm_set1_epi8('m')));
-            a |= bits(_mm_cmpeq_epi8(folded, _mm_set1_epi8('a')));
-            p |= bits(_mm_cmpeq_epi8(folded, _mm_set1_epi8('p')));
             high |= bits(block);
         };
         std::size_t at = 0;
@@ -109,8 +107,14 @@ HeaderFacts scanHeader(std::string_view s) {
             add(s.size() - 16);
         const std::uint64_t pairs = blank & (blank >> 1);
         facts.doubleBlank = pairs != 0 ? __builtin_ctzll(pairs) + 1 : 0;
-        facts.amPm.am = ((a << 1) & m) != 0;
-        facts.amPm.pm = ((p << 1) & m) != 0;
+        // An "m" is rare: the byte before each one is looked at alone.
+        for (std::uint64_t ms = m & ~std::uint64_t{1}; ms != 0; ms &= ms - 1) {
+            const auto before =
+                static_cast<unsigned char>(s[static_cast<std::size_t>(__builtin_ctzll(ms)) - 1]) |
+                0x20;
+            facts.amPm.am = facts.amPm.am || before == 'a';
+            facts.amPm.pm = facts.amPm.pm || before == 'p';
+        }
         facts.plain = high == 0;
         return facts;
     }
