@@ -1,5 +1,7 @@
 #include "logs/LineReader.h"
 
+#include "core/ByteScan.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -123,41 +125,6 @@ bool allBlanks(const char* data, std::size_t size) {
     return true;
 }
 
-// Bit i set where data[i] is a CR, for the 16 bytes at data.
-unsigned carriageReturnMask(const char* data) {
-#if defined(__SSE2__)
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8('\r'))));
-#else
-    unsigned mask = 0;
-    for (unsigned i = 0; i < 16; ++i)
-        if (data[i] == '\r')
-            mask |= 1u << i;
-    return mask;
-#endif
-}
-
-// Bit i set where data[i] equals `byte`, for the 64 bytes at data.
-std::uint64_t byteMask64(const char* data, char byte) {
-#if defined(__SSE2__)
-    const __m128i wanted = _mm_set1_epi8(byte);
-    std::uint64_t mask = 0;
-    for (int k = 0; k < 4; ++k) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 16 * k));
-        mask |= static_cast<std::uint64_t>(
-                    static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted))))
-                << (16 * k);
-    }
-    return mask;
-#else
-    std::uint64_t mask = 0;
-    for (unsigned i = 0; i < 64; ++i)
-        if (data[i] == byte)
-            mask |= std::uint64_t{1} << i;
-    return mask;
-#endif
-}
-
 } // namespace
 
 bool LineReader::countBlankLinesByWindows(std::uint64_t stopAt, std::int64_t& blank) {
@@ -219,7 +186,7 @@ std::int64_t LineReader::countBlankLines(std::uint64_t stopAt) {
             std::size_t lineStart = begin_;
             bool stop = false;
             for (std::size_t window = begin_; !stop && window < end_; window += 16) {
-                unsigned mask = carriageReturnMask(data + window); // the block has slack
+                unsigned mask = byteMask16(data + window, '\r'); // the block has slack
                 if (end_ - window < 16)
                     mask &= (1u << (end_ - window)) - 1;
                 for (; mask != 0; mask &= mask - 1) {

@@ -1,15 +1,14 @@
 #pragma once
 // Reads a server file line by line. A line ends at CR or CR LF; a lone LF stays in
 // the line. The file is opened, read and closed within one operation, in large
-// blocks, so that a line costs one memchr.
+// blocks; a line end is found sixteen bytes at a time.
+
+#include "core/ByteScan.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <cstring>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,23 +20,12 @@ namespace twk {
 /// short, so a 16-byte scan beats the call overhead of memchr here.
 /// The 16 bytes behind `size` must be readable (the reader's block keeps that room).
 inline std::size_t findCarriageReturn(const char* data, std::size_t size) {
-#if defined(__SSE2__)
-    const __m128i cr = _mm_set1_epi8('\r');
-    for (std::size_t i = 0; i < size; i += 16) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i));
-        const int mask = _mm_movemask_epi8(_mm_cmpeq_epi8(block, cr));
-        if (mask != 0) {
-            const std::size_t at =
-                i + static_cast<std::size_t>(__builtin_ctz(static_cast<unsigned>(mask)));
+    for (std::size_t i = 0; i < size; i += 16)
+        if (const unsigned mask = byteMask16(data + i, '\r'); mask != 0) {
+            const std::size_t at = i + static_cast<std::size_t>(__builtin_ctz(mask));
             return at < size ? at : size;
         }
-    }
     return size;
-#else
-    const void* found = std::memchr(data, '\r', size);
-    return found == nullptr ? size
-                            : static_cast<std::size_t>(static_cast<const char*>(found) - data);
-#endif
 }
 
 class LineReader {

@@ -54,7 +54,7 @@ char* StringPool::allocate(std::uint32_t length, std::uint32_t& address) {
 
 char* StringPool::newChunk(std::uint32_t slots, std::uint32_t& firstSlot) {
     if (slotBase_.size() + slots > (std::size_t{1} << (32 - kSlotBits)))
-        throw RunTimeError(errnum::OutOfMemory, "Out of memory");
+        throwOutOfMemory();
     const std::size_t bytes = std::size_t{slots} * kSlotSize;
     if (slots == 1 && !spare_.empty()) {
         chunks_.push_back({std::move(spare_.back()), bytes});
@@ -74,7 +74,7 @@ void StringPool::growOpenText(std::size_t bytes) {
     // The text moves to the start of a fresh chunk with room for it and the new bytes.
     const std::uint64_t needed = std::uint64_t{open_} + bytes;
     if (needed > UINT32_MAX)
-        throw RunTimeError(errnum::OutOfMemory, "Out of memory");
+        throwOutOfMemory();
     const auto slots = static_cast<std::uint32_t>((needed + kSlotSize - 1) / kSlotSize);
     std::uint32_t firstSlot = 0;
     char* base = newChunk(slots, firstSlot);
@@ -92,7 +92,7 @@ StringId StringPool::store(std::string_view text) {
     if (text.empty())
         return kEmptyString;
     if (text.size() > UINT32_MAX || refs_.size() >= UINT32_MAX)
-        throw RunTimeError(errnum::OutOfMemory, "Out of memory");
+        throwOutOfMemory();
     std::uint32_t address = 0;
     char* at = allocate(static_cast<std::uint32_t>(text.size()), address);
     std::memcpy(at, text.data(), text.size());
