@@ -7,6 +7,7 @@
 //   TWK_BENCH_GRID_ROWS=100000 bench_gridview   a smaller log
 
 #include "BenchLogs.h"
+#include "core/SharePath.h"
 #include "gui/GridModel.h"
 #include "gui/GridView.h"
 #include "gui/ImageList.h"

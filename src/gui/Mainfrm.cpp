@@ -6,6 +6,7 @@
 #include "core/PictureClicks.h"
 #include "core/Version.h"
 #include "core/WindowPlace.h"
+#include "gui/CommandGroup.h"
 #include "gui/GridView.h"
 #include "gui/ImageList.h"
 #include "gui/LogDialogs.h"
@@ -271,6 +272,12 @@ void Mainfrm::command(const QString& name) {
         refresh();
         return;
     }
+    for (const auto& group : commandGroups_) {
+        if (group->command(name)) {
+            refresh();
+            return;
+        }
+    }
     if (name == QStringLiteral("mnuCloseFile"))
         mnuCloseFile_Click(engine_);
     else if (name == QStringLiteral("mnuExit"))
@@ -291,6 +298,10 @@ void Mainfrm::command(const QString& name) {
     else
         CommandNotAvailable(engine_);
     refresh();
+}
+
+void Mainfrm::addCommandGroup(CommandGroup* group) {
+    commandGroups_.emplace_back(group);
 }
 
 void Mainfrm::showTipOfTheDay() {

@@ -6,6 +6,9 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include <memory>
+#include <vector>
+
 class QComboBox;
 class QPushButton;
 
@@ -16,6 +19,7 @@ struct ListState;
 
 namespace twk::gui {
 
+class CommandGroup;
 class GridView;
 class ImageList;
 class LogDialogs;
@@ -34,6 +38,9 @@ public:
 
     /// Runs a menu command by the entry's name.
     void command(const QString& name);
+    /// A subsystem's dialogs: they are offered every menu command before the window's own.
+    /// The window owns the group.
+    void addCommandGroup(CommandGroup* group);
     void showTipOfTheDay();
     void showTreeNotFound();
 
@@ -70,6 +77,7 @@ private:
     StatusPanes* panes_;
     MainMenus* menus_;
     LogDialogs* logDialogs_;
+    std::vector<std::unique_ptr<CommandGroup>> commandGroups_;
     QComboBox* cbTree_;
     QComboBox* cbServer_;
     QComboBox* cbVolume_;

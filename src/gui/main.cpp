@@ -10,6 +10,7 @@
 #include "gui/GuiStartup.h"
 #include "gui/ImageList.h"
 #include "gui/Mainfrm.h"
+#include "gui/QtSound.h"
 #include "gui/QtUi.h"
 #include "gui/frmProgress.h"
 #include "logs/SavedLogfile.h"
@@ -31,6 +32,8 @@ int main(int argc, char** argv) {
     Engine engine(paths, ui, progress);
     ProcessDesktop desktop;
     engine.desktop = &desktop;
+    gui::QtSound sound;
+    engine.sound = &sound;
     ui.setDesktop(&desktop);
     ui.bugReportFile = paths.inApp(QStringLiteral("BUGREPORT.TXT"));
     InstallSavedLogfileHook(engine);

@@ -4,6 +4,7 @@
 
 #include "MainWindowSupport.h"
 #include "core/DeliveredFiles.h"
+#include "core/SharePath.h"
 #include "core/MainKeys.h"
 #include "core/MainView.h"
 #include "logs/ConsoleLogFiles.h"

@@ -2,6 +2,7 @@
 // A started main window on the test network of the engine tests.
 
 #include "core/MainWindowSupport.h"
+#include "core/SharePath.h"
 #include "gui/GridView.h"
 #include "gui/ImageList.h"
 #include "gui/MainMenus.h"

@@ -1,4 +1,5 @@
 #include "core/AppPaths.h"
+#include "core/SharePath.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,11 +3,13 @@
 // settings, error capture, the grid and what the main window shows. One thread owns it.
 
 #include "core/AppPaths.h"
+#include "core/ClockPort.h"
 #include "core/DebugTrace.h"
 #include "core/DesktopPort.h"
 #include "core/EngineHooks.h"
 #include "core/ErrorCapture.h"
 #include "core/MainView.h"
+#include "core/SoundPort.h"
 #include "core/UiPort.h"
 #include "core/settings/Registry.h"
 #include "directory/DirectoryState.h"
@@ -15,6 +17,7 @@
 #include "logs/Grid.h"
 #include "logs/LogAnalysis.h"
 #include "logs/ProgressPort.h"
+#include "monitor/AlertPort.h"
 
 #include <QString>
 
@@ -44,6 +47,12 @@ public:
     DirectoryState directory;
     /// Starts programs and opens files, folders and pages (the window sets its own).
     DesktopPort* desktop = &noDesktop();
+    /// Time and timers: the system's, a virtual clock in tests.
+    ClockPort* clock = &systemClock();
+    /// Plays wave files (the window sets Qt Multimedia).
+    SoundPort* sound = &noSound();
+    /// The alerts of the realtime monitor (the alert subsystem sets its own).
+    AlertPort* alerts = &noAlerts();
     /// Entry points of subsystems that plug into the main window later.
     EngineHooks hooks;
 
