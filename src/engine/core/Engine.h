@@ -18,6 +18,7 @@
 #include "logs/LogAnalysis.h"
 #include "logs/ProgressPort.h"
 #include "monitor/AlertPort.h"
+#include "monitor/MonitorState.h"
 
 #include <QString>
 
@@ -53,6 +54,8 @@ public:
     SoundPort* sound = &noSound();
     /// The alerts of the realtime monitor (the alert subsystem sets its own).
     AlertPort* alerts = &noAlerts();
+    /// The realtime monitor's servers and filter rules.
+    MonitorState monitor;
     /// Entry points of subsystems that plug into the main window later.
     EngineHooks hooks;
 
