@@ -65,6 +65,10 @@ public:
     bool ScanFinished = false;
     bool MonitorBusy = false;
     bool HeartbeatPending = false;
+    /// frmHealthCheck is open, on this server: a bug report then adds the server's
+    /// DSREPAIR.LOG and DSTRACE.DBG.
+    bool healthCheckOpen = false;
+    QString healthCheckServer;
 
     /// Widths of the ten SYS$LOG.ERR columns as stored.
     std::array<int, 10> sysLogColumnWidths() const;
