@@ -31,6 +31,10 @@ struct EngineHooks {
     /// Shows the console log history of the selected server (frmConsoleLogFiles) and
     /// returns when it is closed.
     std::function<void()> showConsoleLogFiles;
+    /// The mail test of the monitor options (frmSendMailInfos), set by the alerts.
+    std::function<void()> showMailTest;
+    /// The syslog test of the monitor options (frmSyslogTest), set by the alerts.
+    std::function<void()> showSyslogTest;
 };
 
 } // namespace twk
