@@ -381,6 +381,14 @@ private:
              [&] {
                  setNumber(sc.configRunMs, key, value);
              }},
+            {QStringLiteral("connection-drops"),
+             [&] {
+                 setNumber(sc.connectionDrops, key, value);
+             }},
+            {QStringLiteral("vanish-after-ms"),
+             [&] {
+                 setNumber(sc.vanishAfterMs, key, value);
+             }},
         };
         const auto it = setters.find(key);
         if (it == setters.end())
@@ -551,6 +559,8 @@ void scenarioLines(QStringList& out, const ServerScenario& sc) {
     sw("ttf-stuck", sc.ttfStuck, d.ttfStuck);
     sw("trace-keeps-file", sc.traceKeepsFile, d.traceKeepsFile);
     num("config-run-ms", sc.configRunMs, d.configRunMs);
+    num("connection-drops", sc.connectionDrops, d.connectionDrops);
+    num("vanish-after-ms", sc.vanishAfterMs, d.vanishAfterMs);
 }
 
 } // namespace

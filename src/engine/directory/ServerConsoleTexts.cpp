@@ -134,10 +134,12 @@ QStringList replicaSync(const NetworkDescription& directory, const ServerEntry& 
         lines << QStringLiteral("Partition: %1").arg(dottedPartition(replica.PartitionFullName));
         QDateTime oldest = now;
         int index = 0;
+        // The server's own view: when its replicas stopped synchronizing, every replica
+        // of the partition stands at that time.
         for (const ServerEntry* holder :
              replicaHolders(directory, server.tree, replica.PartitionFullName)) {
             const QDateTime synced =
-                now.addSecs(-60LL * holder->scenario.replicaSyncAgeMinutes - 7 * (index++));
+                now.addSecs(-60LL * server.scenario.replicaSyncAgeMinutes - 7 * (index++));
             oldest = std::min(oldest, synced);
             lines << QStringLiteral("  Replica:  ") + padded(dottedName(*holder), 40) +
                          dsRepairStamp(synced, style);
