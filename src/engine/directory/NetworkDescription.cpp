@@ -389,6 +389,13 @@ private:
              [&] {
                  setNumber(sc.vanishAfterMs, key, value);
              }},
+            {QStringLiteral("year-digits"),
+             [&] {
+                 if (value == QStringLiteral("2") || value == QStringLiteral("4"))
+                     sc.yearDigits = value.toInt();
+                 else
+                     problem(QStringLiteral("year-digits is 2 or 4, not \"%1\"").arg(value));
+             }},
         };
         const auto it = setters.find(key);
         if (it == setters.end())
@@ -561,6 +568,7 @@ void scenarioLines(QStringList& out, const ServerScenario& sc) {
     num("config-run-ms", sc.configRunMs, d.configRunMs);
     num("connection-drops", sc.connectionDrops, d.connectionDrops);
     num("vanish-after-ms", sc.vanishAfterMs, d.vanishAfterMs);
+    num("year-digits", sc.yearDigits, d.yearDigits);
 }
 
 } // namespace

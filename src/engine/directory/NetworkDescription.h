@@ -73,6 +73,7 @@ struct ServerScenario {
     int configRunMs = 3000;      ///< how long CONFIG.NLM writes its report
     int connectionDrops = 0;     ///< console calls that find the connection dropped
     int vanishAfterMs = -1;      ///< the server goes away this long after the first console call
+    int yearDigits = 4;          ///< years of the replica dates in DSREPAIR's report: 4 or 2
 };
 
 struct ServerEntry {

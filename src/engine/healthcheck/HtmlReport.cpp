@@ -199,7 +199,7 @@ QStringList requiredTemplates() {
     for (int i = 1; i <= 7; ++i)
         names << QStringLiteral("step%1.htp").arg(i);
     for (int i = 1; i <= 7; ++i)
-        names << QStringLiteral("step%10.htp").arg(i);
+        names << QStringLiteral("step%1.htp").arg(i * 10);
     names << QStringLiteral("step33.htp") << QStringLiteral("head.htp")
           << QStringLiteral("head2.htp") << QStringLiteral("closep.htp");
     return names;
