@@ -38,6 +38,25 @@ QStringList HealthCheckHints() {
             QStringLiteral("the server language must be ENGLISH")};
 }
 
+void chkShowHints_Click(Engine& engine, bool doNotShowAgain) {
+    engine.registry.Reg_SetString(Hive::CurrentUser, kHealthCheckKey, startText::kShowHints,
+                                  doNotShowAgain ? QStringLiteral("0") : QStringLiteral("1"));
+}
+
+bool ShowHintsWanted(const Engine& engine) {
+    const QString hints = engine.registry.Reg_GetValue(Hive::CurrentUser, kHealthCheckKey,
+                                                       startText::kShowHints, QString());
+    return hints.isEmpty() || hints == QStringLiteral("1");
+}
+
+QString LinuxHealthCheckHint() {
+    return QStringLiteral(
+        "The NDS-/eDirectory health check for Linux servers is still in development.\n\n"
+        "Tarnwick can check NetWare servers today. If you run eDirectory on Linux and would "
+        "like the health check for it, please tell us what you need: your feedback decides "
+        "what comes first.");
+}
+
 QString LocalStuffkey(const Engine& engine) {
     const QDir nlm(engine.paths.inApp(QStringLiteral("NLM")));
     // The file systems of the servers ignore case; so does the search here.
@@ -110,9 +129,7 @@ bool mnuHealthCheck_Click(Engine& engine, const HealthCheckWindows& windows) {
             if (windows.showLogin)
                 windows.showLogin();
         }
-        const QString hints = engine.registry.Reg_GetValue(Hive::CurrentUser, kHealthCheckKey,
-                                                           startText::kShowHints, QString());
-        if ((hints.isEmpty() || hints == QStringLiteral("1")) && windows.showHints)
+        if (ShowHintsWanted(engine) && windows.showHints)
             windows.showHints();
         if (!ServerFileRightsHold(engine, server))
             return;

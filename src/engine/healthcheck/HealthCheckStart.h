@@ -25,6 +25,14 @@ inline const QString kShowHints = QStringLiteral("ShowHints");
 /// The conditions frmHints states.
 QStringList HealthCheckHints();
 
+/// frmHints' "do not show these notes again": ShowHints becomes "0" when checked, "1" when
+/// cleared.
+void chkShowHints_Click(Engine& engine, bool doNotShowAgain);
+/// Whether frmHints opens before a check (ShowHints empty or "1").
+bool ShowHintsWanted(const Engine& engine);
+/// What frmLinuxHints says.
+QString LinuxHealthCheckHint();
+
 /// What mnuHealthCheck_Click may open.
 struct HealthCheckWindows {
     std::function<void()> showLinuxHints;  ///< frmLinuxHints, modally
