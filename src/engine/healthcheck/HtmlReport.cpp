@@ -70,7 +70,8 @@ QString stateHtml(const QString& caption) {
 QString weekdayName(const QDate& date) {
     static const char* const kDays[] = {"Monday, ", "Tuesday, ",  "Wednesday, ", "Thursday, ",
                                         "Friday, ", "Saturday, ", "Sunday, "};
-    return QString::fromLatin1(kDays[date.dayOfWeek() - 1]);
+    const int day = date.dayOfWeek(); // 0 for a date that isn't valid
+    return day >= 1 && day <= 7 ? QString::fromLatin1(kDays[day - 1]) : QString();
 }
 
 /// The marks of step 4: a time of "all servers synchronized up to time:" older than the
