@@ -28,6 +28,8 @@ int runDemo(const GlobalOptions& options, const QStringList& args) {
         folder = networkFolderOf(engine);
     }
     const demo::DemoNetworkResult result = demo::createDemoNetwork(folder);
+    if (result.ok)
+        demo::provideDemoStuffkey(AppPaths::fromEnvironment());
     if (!result.ok) {
         std::fprintf(stderr, "tarnwick-cli: no demo network created: %s\n",
                      result.error.toLocal8Bit().constData());

@@ -13,7 +13,7 @@ int usage(const char* problem) {
         std::fprintf(stderr, "tarnwick-cli: %s\n", problem);
     std::fprintf(stderr, "usage: tarnwick-cli [--network DIR] COMMAND ...\n");
     for (const char* lines :
-         {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage, kServersUsage})
+         {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage, kServersUsage, kHealthCheckUsage})
         std::fprintf(stderr, "%s", lines);
     std::fprintf(stderr, "  tarnwick-cli --help\n");
     return kExitUsage;
@@ -53,5 +53,7 @@ int main(int argc, char** argv) {
         return runDemo(options, args);
     if (command == QStringLiteral("servers"))
         return runServers(options, args);
+    if (command == QStringLiteral("healthcheck"))
+        return runHealthCheck(options, args);
     return usage("unknown command");
 }

@@ -23,6 +23,7 @@ const QByteArray kNetwork =
 class ConsoleTest : public ::testing::Test {
 protected:
     void SetUp() override {
+        net.engine.clock = &clock;
         net.describe(kNetwork);
         net.file("servers/FS1/SYS/SYSTEM/STUFFKEY.NLM");
         net.file("servers/FS1/SYS/SYSTEM/twkhc12.sk");
@@ -37,6 +38,14 @@ protected:
         QFile f(net.tree.path("network/servers/FS1/SYS/SYSTEM/" + file));
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
+    /// Moves the virtual clock on until `done` holds (at most a virtual hour).
+    bool until(const std::function<bool()>& done) {
+        while (!done() && clock.elapsedMs() < 3600000)
+            if (!clock.fireNext())
+                break;
+        return done();
+    }
+    VirtualClock clock;
     test::NetworkEngine net;
 };
 
@@ -47,8 +56,8 @@ TEST_F(ConsoleTest, StuffkeyRunsDsRepairWhichHoldsItsLogWhileItWorks) {
     ASSERT_FALSE(load.failed());
     EXPECT_TRUE(load.value);
     EXPECT_FALSE(locked("DSREPAIR.LOG")) << "DSREPAIR starts a moment later";
-    ASSERT_TRUE(test::runEventsUntil([&] { return locked("DSREPAIR.LOG"); }));
-    ASSERT_TRUE(test::runEventsUntil([&] { return !locked("DSREPAIR.LOG"); }));
+    ASSERT_TRUE(until([&] { return locked("DSREPAIR.LOG"); }));
+    ASSERT_TRUE(until([&] { return !locked("DSREPAIR.LOG"); }));
     const QString log = QString::fromUtf8(read("DSREPAIR.LOG"));
     EXPECT_TRUE(log.contains("Server name"));
     EXPECT_TRUE(log.contains(".FS1.ACME"));
@@ -61,10 +70,10 @@ TEST_F(ConsoleTest, StuffkeyRunsDsRepairWhichHoldsItsLogWhileItWorks) {
 TEST_F(ConsoleTest, UnloadingDsRepairReleasesTheLog) {
     EXPECT_FALSE(console().UnloadNLM("FS1", "dsrepair").value) << "not loaded";
     console().LoadNLM("FS1", "stuffkey", "sys:system\\twkhc12.sk");
-    ASSERT_TRUE(test::runEventsUntil([&] { return locked("DSREPAIR.LOG"); }));
+    ASSERT_TRUE(until([&] { return locked("DSREPAIR.LOG"); }));
     EXPECT_TRUE(console().UnloadNLM("FS1", "DSREPAIR.NLM").value);
     EXPECT_FALSE(locked("DSREPAIR.LOG"));
-    test::runEventsFor(200);
+    clock.advance(200);
     EXPECT_TRUE(read("DSREPAIR.LOG").isEmpty()) << "a stopped run writes no report";
 }
 
@@ -95,12 +104,12 @@ TEST_F(ConsoleTest, DsTraceWritesItsFileUntilTtfIsOff) {
     EXPECT_TRUE(console().ExecuteNCF("FS1", "twkdstrace3.ncf").value);
     EXPECT_EQ(console().GetParameter("FS1", "ttf").value, "1");
     EXPECT_TRUE(locked("DSTRACE.DBG"));
-    ASSERT_TRUE(test::runEventsUntil([&] { return read("DSTRACE.DBG").size() > 300; }));
+    ASSERT_TRUE(until([&] { return read("DSTRACE.DBG").size() > 300; }));
     EXPECT_TRUE(console().SetParameter("FS1", "TTF", "0").value);
     EXPECT_EQ(console().GetParameter("FS1", "TTF").value, "0");
     EXPECT_FALSE(locked("DSTRACE.DBG"));
     const QByteArray trace = read("DSTRACE.DBG");
-    test::runEventsFor(100);
+    clock.advance(100);
     EXPECT_EQ(read("DSTRACE.DBG"), trace) << "nothing more after TTF=0";
     const QString text = QString::fromUtf8(trace);
     EXPECT_TRUE(text.contains("SYNC: Send updates to <.FS2.ACME.T.> for .[Root]. succeeded"));
@@ -119,7 +128,7 @@ TEST_F(ConsoleTest, AStuckTtfStaysOn) {
 TEST_F(ConsoleTest, ConfigNlmWritesItsReportUnderTheGivenName) {
     EXPECT_TRUE(console().LoadNLM("FS1", "config", "/o=config-twk4.txt /all /f").value);
     EXPECT_TRUE(locked("config-twk4.txt"));
-    ASSERT_TRUE(test::runEventsUntil([&] { return !locked("config-twk4.txt"); }));
+    ASSERT_TRUE(until([&] { return !locked("config-twk4.txt"); }));
     const QString report = QString::fromUtf8(read("config-twk4.txt"));
     EXPECT_TRUE(report.contains("Server name: FS1"));
 }
@@ -144,4 +153,23 @@ TEST(ServerConsoleTexts, ExternalReferencesUseLineFeedsAndCountObituaries) {
     EXPECT_FALSE(text.contains("\r\n"));
     EXPECT_TRUE(text.contains("Found: 3 total obituaries"));
     EXPECT_FALSE(text.toLower().contains("error")) << "a clean check must not mention errors";
+}
+
+TEST_F(ConsoleTest, TheScriptsMenuChoiceDecidesTheReport) {
+    net.file("servers/FS1/SYS/SYSTEM/mine.sk",
+             "TEXT \"LOAD DSREPAIR\"\r\nSELECT \"Check external references\"\r\n");
+    console().LoadNLM("FS1", "stuffkey", "sys:system\\mine.sk");
+    ASSERT_TRUE(until([&] { return read("DSREPAIR.LOG").contains("total obituaries"); }));
+}
+
+TEST_F(ConsoleTest, ADroppedConnectionComesBackWithAFileAccessAndAServerCanVanish) {
+    net.describe(kNetwork + "[scenario FS1]\nconnection-drops = 1\nvanish-after-ms = 5000\n");
+    EXPECT_EQ(console().GetParameter("FS1", "TTF").error, neterr::kConnectionDropped);
+    EXPECT_EQ(console().GetParameter("FS1", "TTF").error, neterr::kConnectionDropped);
+    net.engine.network->files().accessError("\\\\FS1\\SYS\\SYSTEM\\SYS$LOG.ERR");
+    EXPECT_EQ(console().GetParameter("FS1", "TTF").value, "0");
+    clock.advance(5000);
+    EXPECT_EQ(console().GetParameter("FS1", "TTF").error, neterr::kServerUnknown);
+    EXPECT_EQ(net.engine.network->files().accessError("\\\\FS1\\SYS\\SYSTEM\\SYS$LOG.ERR"),
+              errnum::PathNotFound);
 }

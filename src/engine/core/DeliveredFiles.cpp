@@ -94,10 +94,14 @@ QStringList CopyDeliveredFiles(const AppPaths& paths, const QStringList& names) 
 }
 
 QStringList DeliveredHelpFiles(const AppPaths& paths) {
+    // The pages show the grid's icons by relative links into icons/, so both go.
+    return DeliveredFilesIn(paths, {QStringLiteral("help"), QStringLiteral("icons")});
+}
+
+QStringList DeliveredFilesIn(const AppPaths& paths, const QStringList& folders) {
     const QDir share(paths.shareFolder);
     QStringList names;
-    // The pages show the grid's icons by relative links into icons/, so both go.
-    for (const QString& folder : {QStringLiteral("help"), QStringLiteral("icons")}) {
+    for (const QString& folder : folders) {
         QDirIterator files(share.filePath(folder), QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext())
             names.append(share.relativeFilePath(files.next()));

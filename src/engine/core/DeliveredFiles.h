@@ -19,4 +19,7 @@ QStringList CopyDeliveredFiles(const AppPaths& paths, const QStringList& names);
 /// named relative to share/ ("help/index.htm", "icons/00.svg"), sorted.
 QStringList DeliveredHelpFiles(const AppPaths& paths);
 
+/// Every file below the named folders of share/, named relative to share/, sorted.
+QStringList DeliveredFilesIn(const AppPaths& paths, const QStringList& folders);
+
 } // namespace twk

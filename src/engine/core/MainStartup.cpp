@@ -85,8 +85,10 @@ StartupOutcome Main(Engine& engine, StartupPort& port, const StartupOptions& opt
     }
 
     engine.paths.ensureFolders();
-    CopyDeliveredFiles(engine.paths,
-                       QStringList{QStringLiteral("tips.tdy")} + DeliveredHelpFiles(engine.paths));
+    CopyDeliveredFiles(
+        engine.paths,
+        QStringList{QStringLiteral("tips.tdy")} + DeliveredHelpFiles(engine.paths) +
+            DeliveredFilesIn(engine.paths, {QStringLiteral("NLM"), QStringLiteral("Reports")}));
     Init(engine);
 
     if (options.prepareNetwork)

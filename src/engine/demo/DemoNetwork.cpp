@@ -9,6 +9,7 @@
 #include "directory/NetworkFolder.h"
 #include "directory/SalvageArea.h"
 #include "directory/ServerConsoleTexts.h"
+#include "healthcheck/HealthCheckStart.h"
 
 #include <QDir>
 #include <QFile>
@@ -170,6 +171,9 @@ private:
         cron.restarts = restarts;
         ok = ok && writeFile(sys + QStringLiteral("/ETC/CRONLOG"), cronlogBytes(cron), end_);
 
+        // The keystroke utility of the health check, as a stand-in the console knows.
+        ok = ok && writeFile(sys + QStringLiteral("/SYSTEM/STUFFKEY.NLM"), DemoStuffkeyBytes(),
+                             ago(200 * kDay));
         ok = ok && writeFile(sys + QStringLiteral("/SYSTEM/CONFIG.NLM"),
                              "NetWare Loadable Module\x1a CONFIG.NLM 2.70 (demo stand-in)\r\n",
                              ago(300 * kDay));
@@ -241,6 +245,10 @@ NetworkDescription demoDirectory(const QDateTime& now) {
     fs1.connected = true;
     fs1.replicas = {replica(root, replicatype::Master, sync),
                     replica(sales, replicatype::ReadWrite, sync)};
+    // A healthy server: every step of a health check passes. Its repair tool writes the
+    // replica dates with two-digit years, which the rule of step 4 takes in any year.
+    fs1.scenario.yearDigits = 2;
+    fs1.scenario.dsrepairRunMs = 6000;
 
     ServerEntry fs2;
     fs2.name = QStringLiteral("FS2");
@@ -257,6 +265,7 @@ NetworkDescription demoDirectory(const QDateTime& now) {
     fs2.scenario.replicaSyncAgeMinutes = 197;
     fs2.scenario.obituaries = 3;
     fs2.scenario.syncErrors = 1;
+    fs2.scenario.dsrepairRunMs = 8000;
 
     ServerEntry lx1;
     lx1.name = QStringLiteral("LX1");
@@ -333,7 +342,18 @@ bool ensureDemoNetwork(Engine& engine, const DemoNetworkOptions& options) {
     const QString folder = networkFolderOf(engine);
     if (folder.isEmpty() || !isNetworkFolderEmpty(folder))
         return false;
-    return createDemoNetwork(folder, options).ok;
+    if (!createDemoNetwork(folder, options).ok)
+        return false;
+    provideDemoStuffkey(engine.paths);
+    return true;
+}
+
+bool provideDemoStuffkey(const AppPaths& paths) {
+    const QString local =
+        QDir(paths.inApp(QStringLiteral("NLM"))).filePath(QStringLiteral("Stuffkey.nlm"));
+    if (QFileInfo::exists(local))
+        return true;
+    return writeFile(local, DemoStuffkeyBytes());
 }
 
 } // namespace twk::demo

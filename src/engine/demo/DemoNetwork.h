@@ -15,7 +15,8 @@
 
 namespace twk {
 class Engine;
-}
+struct AppPaths;
+} // namespace twk
 
 namespace twk::demo {
 
@@ -53,5 +54,10 @@ bool isDemoNetwork(const QString& folder);
 /// The first start: creates the demo network in the engine's network folder when that
 /// folder is empty or missing. True when a demo network was created.
 bool ensureDemoNetwork(Engine& engine, const DemoNetworkOptions& options = {});
+
+/// The stand-in of the health check's keystroke utility in the application folder's
+/// NLM/, so that a health check on the demo network needs no download. A file that is
+/// there already is left alone. False when it could not be written.
+bool provideDemoStuffkey(const AppPaths& paths);
 
 } // namespace twk::demo

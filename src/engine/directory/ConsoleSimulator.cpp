@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QTimer>
 
 namespace twk {
 
@@ -41,6 +40,22 @@ template <class T> NetResult<T> success(T value) {
     return r;
 }
 
+/// The repair a keystroke script asks for: by the menu entry it selects, else by its name.
+DsRepairRun runOfScript(const QString& localScript, const QString& name) {
+    QFile file(localScript);
+    const QString keys = file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll())
+                                                          : QString();
+    static const std::pair<const char*, DsRepairRun> kMenus[] = {
+        {"SELECT \"Time synchronization\"", DsRepairRun::VersionsAndTime},
+        {"SELECT \"Report synchronization status\"", DsRepairRun::ReplicaSync},
+        {"SELECT \"Check external references\"", DsRepairRun::ExternalReferences},
+    };
+    for (const auto& [select, run] : kMenus)
+        if (keys.contains(QLatin1String(select), Qt::CaseInsensitive))
+            return run;
+    return dsRepairRunOfScript(name);
+}
+
 } // namespace
 
 bool appendToFile(const QString& path, const QByteArray& bytes) {
@@ -52,8 +67,56 @@ bool appendToFile(const QString& path, const QByteArray& bytes) {
 }
 
 ConsoleSimulator::ConsoleSimulator(QString networkFolder,
-                                   std::function<const NetworkDescription&()> directory)
-    : folder_(std::move(networkFolder)), directory_(std::move(directory)) {}
+                                   std::function<const NetworkDescription&()> directory,
+                                   std::function<ClockPort&()> clock)
+    : folder_(std::move(networkFolder)), directory_(std::move(directory)),
+      clock_(clock ? std::move(clock) : [] () -> ClockPort& { return systemClock(); }) {}
+
+void ConsoleSimulator::later(std::int64_t ms, std::function<void()> action) {
+    clock_().singleShot(ms, [alive = std::weak_ptr<bool>(alive_), action = std::move(action)] {
+        if (!alive.expired())
+            action();
+    });
+}
+
+bool ConsoleSimulator::connectionDropped(const QString& server) const {
+    const auto it = states_.find(server.trimmed().toUpper());
+    return it != states_.end() && it->second.dropped;
+}
+
+bool ConsoleSimulator::vanished(const QString& server) const {
+    const auto it = states_.find(server.trimmed().toUpper());
+    return it != states_.end() && it->second.vanished;
+}
+
+void ConsoleSimulator::touched(const QString& server) {
+    const auto it = states_.find(server.trimmed().toUpper());
+    if (it != states_.end())
+        it->second.dropped = false;
+}
+
+NetResult<bool> ConsoleSimulator::consoleCall(const QString& server) {
+    auto error = serverError(server);
+    if (error.failed())
+        return error;
+    ServerState& s = state(server);
+    const ServerScenario& scenario = entry(server)->scenario;
+    if (scenario.vanishAfterMs >= 0 && !s.vanishArmed) {
+        s.vanishArmed = true;
+        later(scenario.vanishAfterMs, [this, name = server.trimmed()] {
+            state(name).vanished = true;
+            note(name, QStringLiteral("connection to the server lost"));
+        });
+    }
+    if (!s.dropped && s.dropsUsed < scenario.connectionDrops) {
+        ++s.dropsUsed;
+        s.dropped = true;
+    }
+    if (s.dropped)
+        return failure<bool>(neterr::kConnectionDropped,
+                             QStringLiteral("The connection to %1 has dropped").arg(server));
+    return {};
+}
 
 ConsoleSimulator::ServerState& ConsoleSimulator::state(const QString& server) {
     return states_[server.trimmed().toUpper()];
@@ -81,7 +144,7 @@ NetResult<bool> ConsoleSimulator::serverError(const QString& server) const {
         return failure<bool>(
             neterr::kObjectDisconnected,
             QStringLiteral("The object invoked has disconnected from its clients."));
-    if (!s->scenario.reachable)
+    if (!s->scenario.reachable || vanished(server))
         return failure<bool>(neterr::kServerUnknown,
                              QStringLiteral("The server %1 cannot be reached").arg(s->name));
     return {};
@@ -96,7 +159,7 @@ NetResult<QString> ConsoleSimulator::ServerName(const QString& server) {
 
 NetResult<bool> ConsoleSimulator::LoadNLM(const QString& server, const QString& name,
                                           const QString& arguments) {
-    const auto error = serverError(server);
+    const auto error = consoleCall(server);
     if (error.failed())
         return error;
     note(server, QStringLiteral("LOAD %1 %2").arg(name, arguments).trimmed());
@@ -115,7 +178,7 @@ NetResult<bool> ConsoleSimulator::LoadNLM(const QString& server, const QString& 
         if (local.isEmpty() || !QFileInfo::exists(local))
             note(server, QStringLiteral("STUFFKEY: script %1 not found").arg(arguments.trimmed()));
         else
-            startDsRepair(server, dsRepairRunOfScript(arguments));
+            startDsRepair(server, runOfScript(local, arguments));
         return success(true); // STUFFKEY plays its keys and unloads itself
     }
     if (module == QStringLiteral("CONFIG")) {
@@ -131,7 +194,7 @@ NetResult<bool> ConsoleSimulator::LoadNLM(const QString& server, const QString& 
 }
 
 NetResult<bool> ConsoleSimulator::UnloadNLM(const QString& server, const QString& name) {
-    const auto error = serverError(server);
+    const auto error = consoleCall(server);
     if (error.failed())
         return error;
     note(server, QStringLiteral("UNLOAD %1").arg(name));
@@ -149,7 +212,7 @@ NetResult<bool> ConsoleSimulator::UnloadNLM(const QString& server, const QString
 }
 
 NetResult<bool> ConsoleSimulator::ExecuteNCF(const QString& server, const QString& name) {
-    const auto error = serverError(server);
+    const auto error = consoleCall(server);
     if (error.failed())
         return error;
     note(server, name);
@@ -180,7 +243,7 @@ NetResult<bool> ConsoleSimulator::ExecuteNCF(const QString& server, const QStrin
 }
 
 NetResult<QString> ConsoleSimulator::GetParameter(const QString& server, const QString& name) {
-    const auto error = serverError(server);
+    const auto error = consoleCall(server);
     if (error.failed())
         return failure<QString>(error.error, error.description);
     ServerState& s = state(server);
@@ -196,7 +259,7 @@ NetResult<QString> ConsoleSimulator::GetParameter(const QString& server, const Q
 
 NetResult<bool> ConsoleSimulator::SetParameter(const QString& server, const QString& name,
                                                const QString& value) {
-    const auto error = serverError(server);
+    const auto error = consoleCall(server);
     if (error.failed())
         return error;
     note(server, QStringLiteral("SET %1=%2").arg(name, value));
@@ -222,7 +285,7 @@ void ConsoleSimulator::startDsRepair(const QString& server, DsRepairRun run) {
     const int runNumber = ++s.dsrepairRun;
     const int startMs = entry(server)->scenario.dsrepairStartMs;
     const QString name = server.trimmed();
-    QTimer::singleShot(startMs, &guard_, [this, name, runNumber, run] {
+    later(startMs, [this, name, runNumber, run] {
         ServerState& st = state(name);
         if (st.dsrepairRun != runNumber || entry(name) == nullptr)
             return;
@@ -231,8 +294,8 @@ void ConsoleSimulator::startDsRepair(const QString& server, DsRepairRun run) {
         st.dsrepairRunning = true;
         lock(log);
         note(name, QStringLiteral("DSREPAIR started"));
-        QTimer::singleShot(entry(name)->scenario.dsrepairRunMs, &guard_,
-                           [this, name, runNumber, run] { finishDsRepair(name, runNumber, run); });
+        later(entry(name)->scenario.dsrepairRunMs,
+              [this, name, runNumber, run] { finishDsRepair(name, runNumber, run); });
     });
 }
 
@@ -243,7 +306,7 @@ void ConsoleSimulator::finishDsRepair(const QString& server, int runNumber, DsRe
     if (s.dsrepairRun != runNumber || e == nullptr)
         return;
     const QString log = systemFile(server, kDsRepairLog);
-    appendToFile(log, dsRepairLogText(run, directory, *e, clock()));
+    appendToFile(log, dsRepairLogText(run, directory, *e, now()));
     note(server, QStringLiteral("DSREPAIR finished"));
     if (e->scenario.dsrepairKeepsLog)
         return; // stays open until it is unloaded
@@ -262,8 +325,8 @@ void ConsoleSimulator::startTrace(const QString& server, DsTraceKind kind) {
     appendToFile(file, QByteArray());
     lock(file);
     const QString name = server.trimmed();
-    QTimer::singleShot(entry(server)->scenario.traceIntervalMs, &guard_,
-                       [this, name, runNumber] { traceTick(name, runNumber, 0); });
+    later(entry(server)->scenario.traceIntervalMs,
+          [this, name, runNumber] { traceTick(name, runNumber, 0); });
 }
 
 void ConsoleSimulator::traceTick(const QString& server, int runNumber, int block) {
@@ -273,9 +336,8 @@ void ConsoleSimulator::traceTick(const QString& server, int runNumber, int block
     if (s.traceRun != runNumber || e == nullptr || s.parameters[kTtf] != QStringLiteral("1"))
         return;
     appendToFile(systemFile(server, kDsTraceFile), dsTraceBlock(s.traceKind, directory, *e, block));
-    QTimer::singleShot(
-        e->scenario.traceIntervalMs, &guard_,
-        [this, name = server, runNumber, block] { traceTick(name, runNumber, block + 1); });
+    later(e->scenario.traceIntervalMs,
+          [this, name = server, runNumber, block] { traceTick(name, runNumber, block + 1); });
 }
 
 void ConsoleSimulator::stopTrace(const QString& server) {
@@ -300,11 +362,11 @@ void ConsoleSimulator::startConfigReport(const QString& server, const QString& a
     appendToFile(path, QByteArray());
     lock(path);
     const QString serverName = server.trimmed();
-    QTimer::singleShot(entry(server)->scenario.configRunMs, &guard_, [this, serverName, path] {
+    later(entry(server)->scenario.configRunMs, [this, serverName, path] {
         const ServerEntry* e = entry(serverName);
         QFile file(path);
         if (e != nullptr && file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            file.write(configReportText(*e, clock()));
+            file.write(configReportText(*e, now()));
         unlock(path);
         note(serverName, QStringLiteral("CONFIG.NLM finished"));
     });

@@ -7,25 +7,28 @@
 // server does is its scenario in the directory (refused rights, a log that stays
 // locked, a lost connection, ...).
 
+#include "core/ClockPort.h"
 #include "directory/NetworkDescription.h"
 #include "directory/NetworkPorts.h"
 #include "directory/ServerConsoleTexts.h"
 
 #include <QDateTime>
-#include <QObject>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace twk {
 
 class ConsoleSimulator {
 public:
-    /// `directory` gives the current description of the network.
-    ConsoleSimulator(QString networkFolder, std::function<const NetworkDescription&()> directory);
+    /// `directory` gives the current description of the network; `clock` the clock the
+    /// tools run by (the engine's, a virtual one in tests).
+    ConsoleSimulator(QString networkFolder, std::function<const NetworkDescription&()> directory,
+                     std::function<ClockPort&()> clock = {});
 
     NetResult<QString> ServerName(const QString& server);
     NetResult<bool> LoadNLM(const QString& server, const QString& name, const QString& arguments);
@@ -41,10 +44,14 @@ public:
 
     /// The commands the consoles received, as "SERVER: LOAD name arguments" and the like.
     const QStringList& history() const { return history_; }
-    /// The time of the servers' clocks; tests may set it.
-    std::function<QDateTime()> clock = [] {
-        return QDateTime::currentDateTime();
-    };
+    /// The time of the servers' clocks.
+    QDateTime now() const { return clock_().now(); }
+    /// Whether a server's connection is dropped now (scenario connection-drops) or the
+    /// server has vanished (vanish-after-ms).
+    bool connectionDropped(const QString& server) const;
+    bool vanished(const QString& server) const;
+    /// A touch of the server's files: a dropped connection is restored.
+    void touched(const QString& server);
 
 private:
     struct ServerState {
@@ -54,6 +61,10 @@ private:
         bool dsrepairRunning = false;
         int traceRun = 0;
         DsTraceKind traceKind = DsTraceKind::Sync;
+        int dropsUsed = 0;      ///< connection drops played so far
+        bool dropped = false;   ///< the connection is down until the next touch
+        bool vanishArmed = false;
+        bool vanished = false;
     };
 
     ServerState& state(const QString& server);
@@ -68,6 +79,11 @@ private:
     void traceTick(const QString& server, int runNumber, int block);
     void startConfigReport(const QString& server, const QString& arguments);
 
+    /// Runs `action` after `ms` on the clock, unless the simulator is gone by then.
+    void later(std::int64_t ms, std::function<void()> action);
+    /// The error of a dropped connection, played once per drop of the scenario.
+    NetResult<bool> consoleCall(const QString& server);
+
     void lock(const QString& path) { locked_.insert(path); }
     void unlock(const QString& path) { locked_.remove(path); }
 
@@ -76,7 +92,8 @@ private:
     std::map<QString, ServerState> states_;
     QSet<QString> locked_;
     QStringList history_;
-    QObject guard_; // timers of the simulation die with it
+    std::function<ClockPort&()> clock_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // pending tools die with it
 };
 
 /// Appends bytes to a file, creating it and its folder; false on failure.

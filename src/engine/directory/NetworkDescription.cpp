@@ -381,6 +381,21 @@ private:
              [&] {
                  setNumber(sc.configRunMs, key, value);
              }},
+            {QStringLiteral("connection-drops"),
+             [&] {
+                 setNumber(sc.connectionDrops, key, value);
+             }},
+            {QStringLiteral("vanish-after-ms"),
+             [&] {
+                 setNumber(sc.vanishAfterMs, key, value);
+             }},
+            {QStringLiteral("year-digits"),
+             [&] {
+                 if (value == QStringLiteral("2") || value == QStringLiteral("4"))
+                     sc.yearDigits = value.toInt();
+                 else
+                     problem(QStringLiteral("year-digits is 2 or 4, not \"%1\"").arg(value));
+             }},
         };
         const auto it = setters.find(key);
         if (it == setters.end())
@@ -551,6 +566,9 @@ void scenarioLines(QStringList& out, const ServerScenario& sc) {
     sw("ttf-stuck", sc.ttfStuck, d.ttfStuck);
     sw("trace-keeps-file", sc.traceKeepsFile, d.traceKeepsFile);
     num("config-run-ms", sc.configRunMs, d.configRunMs);
+    num("connection-drops", sc.connectionDrops, d.connectionDrops);
+    num("vanish-after-ms", sc.vanishAfterMs, d.vanishAfterMs);
+    num("year-digits", sc.yearDigits, d.yearDigits);
 }
 
 } // namespace

@@ -71,6 +71,9 @@ struct ServerScenario {
     bool ttfStuck = false;       ///< TTF cannot be switched off
     bool traceKeepsFile = false; ///< DSTRACE.DBG stays locked after TTF is off
     int configRunMs = 3000;      ///< how long CONFIG.NLM writes its report
+    int connectionDrops = 0;     ///< console calls that find the connection dropped
+    int vanishAfterMs = -1;      ///< the server goes away this long after the first console call
+    int yearDigits = 4;          ///< years of the replica dates in DSREPAIR's report: 4 or 2
 };
 
 struct ServerEntry {

@@ -17,18 +17,26 @@ QString resolveNetworkFolder(const AppPaths& paths, const Registry& registry) {
 }
 
 std::unique_ptr<NetworkClient> makeNetworkFolderClient(const QString& folder,
-                                                       ErrorCapture* errors) {
-    return std::make_unique<NetworkFolderClient>(folder, errors);
+                                                       ErrorCapture* errors,
+                                                       std::function<ClockPort&()> clock) {
+    return std::make_unique<NetworkFolderClient>(folder, errors, std::move(clock));
 }
+
+namespace {
+// The simulated console follows the engine's clock, also when a test replaces it later.
+std::function<ClockPort&()> engineClock(Engine& engine) {
+    return [&engine]() -> ClockPort& { return *engine.clock; };
+}
+} // namespace
 
 std::unique_ptr<NetworkClient> makeDefaultNetworkClient(Engine& engine) {
     return makeNetworkFolderClient(resolveNetworkFolder(engine.paths, engine.registry),
-                                   &engine.errors);
+                                   &engine.errors, engineClock(engine));
 }
 
 void useNetworkFolder(Engine& engine, const QString& folder) {
     engine.paths.networkFolder = folder;
-    engine.network = makeNetworkFolderClient(folder, &engine.errors);
+    engine.network = makeNetworkFolderClient(folder, &engine.errors, engineClock(engine));
 }
 
 QString networkFolderOf(Engine& engine) {

@@ -8,10 +8,12 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace twk {
 
+class ClockPort;
 class Engine;
 class ErrorCapture;
 class Registry;
@@ -28,7 +30,9 @@ QString resolveNetworkFolder(const AppPaths& paths, const Registry& registry);
 
 /// The embedded client on `folder`. Problems of the description file are handed to
 /// `errors` (may be null), once per version of the file.
-std::unique_ptr<NetworkClient> makeNetworkFolderClient(const QString& folder, ErrorCapture* errors);
+/// `clock` gives the clock its simulated console runs by (the system's when empty).
+std::unique_ptr<NetworkClient> makeNetworkFolderClient(const QString& folder, ErrorCapture* errors,
+                                                       std::function<ClockPort&()> clock = {});
 
 /// The client a new engine starts with: the embedded one on the resolved folder.
 std::unique_ptr<NetworkClient> makeDefaultNetworkClient(Engine& engine);

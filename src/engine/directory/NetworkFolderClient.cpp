@@ -75,9 +75,12 @@ QStringList pathComponents(const QString& text) {
 
 } // namespace
 
-NetworkFolderClient::NetworkFolderClient(QString folder, ErrorCapture* errors)
+NetworkFolderClient::NetworkFolderClient(QString folder, ErrorCapture* errors,
+                                         std::function<ClockPort&()> clock)
     : folder_(std::move(folder)), errors_(errors),
-      simulator_(folder_, [this]() -> const NetworkDescription& { return description(); }),
+      simulator_(
+          folder_, [this]() -> const NetworkDescription& { return description(); },
+          std::move(clock)),
       guard_(std::make_unique<QObject>()) {}
 
 NetworkFolderClient::~NetworkFolderClient() = default;
@@ -447,8 +450,9 @@ std::int32_t NetworkFolderClient::accessError(const QString& unc) {
     if (!path)
         return errnum::PathNotFound;
     if (const ServerEntry* server = description().server(path->server)) {
-        if (!server->scenario.reachable)
+        if (!server->scenario.reachable || simulator_.vanished(server->name))
             return errnum::PathNotFound;
+        simulator_.touched(server->name); // a file access restores a dropped connection
         QStringList wanted{path->volume};
         wanted << path->parts;
         for (const QString& denied : server->denied)

@@ -30,8 +30,10 @@ class NetworkFolderClient final : public NetworkClient,
                                   private VolumePort,
                                   private FileAccessPort {
 public:
-    /// `errors` (may be null) receives the problems of the description file.
-    NetworkFolderClient(QString folder, ErrorCapture* errors);
+    /// `errors` (may be null) receives the problems of the description file; `clock`
+    /// gives the clock of the simulated console (the system's when empty).
+    NetworkFolderClient(QString folder, ErrorCapture* errors,
+                        std::function<ClockPort&()> clock = {});
     ~NetworkFolderClient() override;
 
     ClientCalls& calls() override { return *this; }

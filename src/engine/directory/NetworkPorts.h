@@ -51,6 +51,9 @@ inline constexpr std::int32_t kInvalidPath = 0x899C;
 inline constexpr std::int32_t kInvalidHandle = 0x899B;
 /// No more entries (end of a scan).
 inline constexpr std::int32_t kNoMoreEntries = 0x88FF;
+/// The connection to the server has dropped; the next access of a file restores it.
+inline constexpr std::int32_t kConnectionDropped = 34831;
+inline constexpr std::int32_t kConnectionInvalid = 35270;
 /// Login refused: wrong name or password.
 inline constexpr std::int32_t kFailedAuthentication = -669;
 } // namespace neterr

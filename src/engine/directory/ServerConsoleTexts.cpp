@@ -134,16 +134,18 @@ QStringList replicaSync(const NetworkDescription& directory, const ServerEntry& 
         lines << QStringLiteral("Partition: %1").arg(dottedPartition(replica.PartitionFullName));
         QDateTime oldest = now;
         int index = 0;
+        // The server's own view: when its replicas stopped synchronizing, every replica
+        // of the partition stands at that time.
         for (const ServerEntry* holder :
              replicaHolders(directory, server.tree, replica.PartitionFullName)) {
             const QDateTime synced =
-                now.addSecs(-60LL * holder->scenario.replicaSyncAgeMinutes - 7 * (index++));
+                now.addSecs(-60LL * server.scenario.replicaSyncAgeMinutes - 7 * (index++));
             oldest = std::min(oldest, synced);
             lines << QStringLiteral("  Replica:  ") + padded(dottedName(*holder), 40) +
-                         dsRepairStamp(synced, style);
+                         dsRepairStamp(synced, style, server.scenario.yearDigits);
         }
         lines << QStringLiteral("  All servers synchronized up to time:          ") +
-                     dsRepairStamp(oldest, style)
+                     dsRepairStamp(oldest, style, server.scenario.yearDigits)
               << QString();
     }
     lines << QStringLiteral("Total errors: 0")
@@ -207,9 +209,13 @@ QString dsRepairBannerDate(const QDateTime& when, const QString& dateStyle) {
         .arg(t.hour() < 12 ? QStringLiteral("am") : QStringLiteral("pm"));
 }
 
-QString dsRepairStamp(const QDateTime& when, const QString& dateStyle) {
-    return when.toString(dateStyle == QStringLiteral("DE") ? QStringLiteral("dd.MM.yyyy HH:mm:ss")
-                                                           : QStringLiteral("MM-dd-yyyy HH:mm:ss"));
+QString dsRepairStamp(const QDateTime& when, const QString& dateStyle, int yearDigits) {
+    const bool german = dateStyle == QStringLiteral("DE");
+    if (yearDigits == 2)
+        return when.toString(german ? QStringLiteral("dd.MM.yy HH:mm:ss")
+                                    : QStringLiteral("MM-dd-yy HH:mm:ss"));
+    return when.toString(german ? QStringLiteral("dd.MM.yyyy HH:mm:ss")
+                                : QStringLiteral("MM-dd-yyyy HH:mm:ss"));
 }
 
 QByteArray dsRepairLogText(DsRepairRun run, const NetworkDescription& directory,

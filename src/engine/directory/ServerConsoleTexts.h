@@ -38,7 +38,8 @@ QByteArray configReportText(const ServerEntry& server, const QDateTime& now);
 
 /// "Tuesday, June 22, 2004  2:40:50 pm" (US) or "Dienstag, 22. Juni 2004  14:40:50" (DE).
 QString dsRepairBannerDate(const QDateTime& when, const QString& dateStyle);
-/// "06-22-2004 14:38:02" (US) or "22.06.2004 14:38:02" (DE).
-QString dsRepairStamp(const QDateTime& when, const QString& dateStyle);
+/// "06-22-2004 14:38:02" (US) or "22.06.2004 14:38:02" (DE); with two year digits
+/// "06-22-04 14:38:02".
+QString dsRepairStamp(const QDateTime& when, const QString& dateStyle, int yearDigits = 4);
 
 } // namespace twk
