@@ -200,3 +200,34 @@ TEST(SyslogSettingsRead, SwitchesAreOnOnlyAtOne) {
     EXPECT_FALSE(s.UseTCP);
     EXPECT_TRUE(s.UseRFCHeader) << "the numeric reading of \" 1x\" is 1";
 }
+
+TEST(SyslogSettingsSave, WritesTheSixValuesAndLeavesTheRunningMonitorAlone) {
+    AlertEngine a;
+    auto alerts = InstallMonitorAlerts(a.engine);
+    alerts->MonitorStarting();
+    const SyslogSettings before = alerts->syslogSettings();
+    SyslogTestRequest fields;
+    fields.server = QStringLiteral("loghost");
+    fields.port = QStringLiteral(" 1514x");
+    fields.protocol = 1;
+    fields.rfcHeader = false;
+    fields.crlf = false;
+    fields.silentErrors = true;
+    SaveSyslogSettings(a.engine, fields);
+
+    const std::pair<const char*, const char*> stored[] = {
+        {"SyslogServer", "loghost"}, {"DestinationPort", "1514"},
+        {"SyslogProtocol", "1"},     {"addCRLF", "0"},
+        {"SilentErrors", "1"},       {"RFCHeader", "0"}};
+    for (const auto& [name, value] : stored)
+        EXPECT_EQ(a.value(QStringLiteral("Event Forwarding"), QLatin1String(name)),
+                  QLatin1String(value))
+            << name;
+    ASSERT_EQ(a.ui.messages.size(), 1u);
+    EXPECT_EQ(a.ui.messages[0].text,
+              QStringLiteral("Event Forwarding Settings     \r\nsuccessfully saved!"));
+    EXPECT_EQ(alerts->syslogSettings().server, before.server) << "read again at the next start";
+    alerts->MonitorStarting();
+    EXPECT_TRUE(alerts->syslogSettings().UseTCP);
+    EXPECT_EQ(alerts->syslogSettings().port, 1514);
+}

@@ -2,6 +2,7 @@
 
 #include "alerts/KLog.h"
 #include "core/Engine.h"
+#include "core/EngineHooks.h"
 #include "core/Text.h"
 #include "core/settings/SettingsKeys.h"
 
@@ -33,6 +34,22 @@ SyslogSettings ReadSyslogSettings(const Registry& registry) {
     s.UseSilentErrors = number("SilentErrors", "0") == 1;
     s.SyslogLibraryPresent = true;
     return s;
+}
+
+void SaveSyslogSettings(Engine& engine, const SyslogTestRequest& fields) {
+    const QString key = twkKey(QStringLiteral("Realtime Monitor\\Event Forwarding"));
+    Registry& r = engine.registry;
+    const auto dword = [&](const char* name, long long value) {
+        r.Reg_SetDWord(Hive::CurrentUser, key, QLatin1String(name), static_cast<quint32>(value));
+    };
+    r.Reg_SetString(Hive::CurrentUser, key, QStringLiteral("SyslogServer"), fields.server);
+    dword("DestinationPort", text::numericReading(fields.port.toStdString()));
+    dword("SyslogProtocol", fields.protocol);
+    dword("addCRLF", fields.crlf ? 1 : 0);
+    dword("SilentErrors", fields.silentErrors ? 1 : 0);
+    dword("RFCHeader", fields.rfcHeader ? 1 : 0);
+    engine.ui.messageBox(QStringLiteral("Event Forwarding Settings     \r\nsuccessfully saved!"),
+                         MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
 }
 
 const QStringList& SyslogFacilityNames() {

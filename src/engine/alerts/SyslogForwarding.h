@@ -13,6 +13,7 @@ namespace twk {
 class Engine;
 class KLog;
 class Registry;
+struct SyslogTestRequest;
 
 /// The event forwarding settings kept in memory from the start of the monitor; the
 /// syslog test dialog changes the switches too.
@@ -29,6 +30,11 @@ struct SyslogSettings {
 
 /// Reads `Event Forwarding`: a switch is on only when its numeric reading is 1.
 SyslogSettings ReadSyslogSettings(const Registry& registry);
+
+/// The save of the event forwarding fields of the monitor options: the six values
+/// (the port by its numeric reading, the protocol by its list index, the switches as 1
+/// or 0) and the message that they are saved. The settings in memory stay as they are.
+void SaveSyslogSettings(Engine& engine, const SyslogTestRequest& fields);
 
 /// The facility texts (codes 0 to 23) and level texts (codes 0 to 7).
 const QStringList& SyslogFacilityNames();
