@@ -19,6 +19,10 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
+#include <sys/prctl.h>
+
+#include <csignal>
+
 #include <functional>
 #include <memory>
 #include <vector>
@@ -89,6 +93,9 @@ public:
                                           QString::number(lifetimeSeconds), program} +
                               arguments);
         process_.setProcessChannelMode(QProcess::SeparateChannels);
+        // Should this process die without stopping it, `timeout` hears of it at once and
+        // takes the receiver down with it.
+        process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
         process_.start();
     }
     ~Receiver() { stop(); }
