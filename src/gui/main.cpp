@@ -1,11 +1,13 @@
 // tarnwick: the window program.
 
+#include "alerts/MonitorAlerts.h"
 #include "core/DesktopPort.h"
 #include "core/Engine.h"
 #include "core/MainStartup.h"
 #include "demo/DemoActivity.h"
 #include "demo/DemoNetwork.h"
 #include "directory/NetworkFolder.h"
+#include "gui/AlertForms.h"
 #include "gui/GridView.h"
 #include "gui/GuiStartup.h"
 #include "gui/ImageList.h"
@@ -37,10 +39,12 @@ int main(int argc, char** argv) {
     ui.setDesktop(&desktop);
     ui.bugReportFile = paths.inApp(QStringLiteral("BUGREPORT.TXT"));
     InstallSavedLogfileHook(engine);
+    const auto alerts = InstallMonitorAlerts(engine);
 
     const gui::ImageList images(QDir(paths.shareFolder).filePath(QStringLiteral("icons")));
     gui::Mainfrm window(engine, images);
     ui.setMainWindow(&window);
+    gui::AlertForms alertForms(engine, *alerts, &window);
     ui.beforeYield = [&window] {
         window.Grid1()->syncRedraw();
     };

@@ -15,6 +15,16 @@ struct GotoRequest {
     QString range;   ///< "1 - " + rows, or "valid range -> 1 - " + rows
 };
 
+/// What the monitor options copy into the syslog test dialog: their current fields.
+struct SyslogTestRequest {
+    QString server;            ///< txtbSyslogServer
+    QString port;              ///< txtbDestinationPort
+    int protocol = 0;          ///< cbSyslogProtocol: 0 UDP, 1 TCP
+    bool rfcHeader = true;     ///< chkRFCHeader
+    bool crlf = true;          ///< chkCRLF
+    bool silentErrors = false; ///< chkSilentErrors
+};
+
 struct EngineHooks {
     /// Loads a saved logfile (*.twk) into the grid.
     std::function<void(const QString& path)> LoadSavedLogfile;
@@ -35,6 +45,8 @@ struct EngineHooks {
     std::function<void()> showMailTest;
     /// The syslog test of the monitor options (frmSyslogTest), set by the alerts.
     std::function<void()> showSyslogTest;
+    /// The same, opened with the options' current fields rather than the stored ones.
+    std::function<void(const SyslogTestRequest& fields)> showSyslogTestFor;
 };
 
 } // namespace twk
