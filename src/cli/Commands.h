@@ -25,6 +25,8 @@ int runFilter(const GlobalOptions& options, const QStringList& args);
 int runErrcode(const GlobalOptions& options, const QStringList& args);
 int runDemo(const GlobalOptions& options, const QStringList& args);
 int runServers(const GlobalOptions& options, const QStringList& args);
+int runConfigReport(const GlobalOptions& options, const QStringList& args);
+int runConfigDiff(const GlobalOptions& options, const QStringList& args);
 
 /// Usage lines of each command, printed by usage().
 extern const char* const kShowUsage;
@@ -33,5 +35,7 @@ extern const char* const kFilterUsage;
 extern const char* const kErrcodeUsage;
 extern const char* const kDemoUsage;
 extern const char* const kServersUsage;
+extern const char* const kConfigReportUsage;
+extern const char* const kConfigDiffUsage;
 
 } // namespace twk::cli

@@ -35,6 +35,12 @@ struct EngineHooks {
     std::function<void()> showMailTest;
     /// The syslog test of the monitor options (frmSyslogTest), set by the alerts.
     std::function<void()> showSyslogTest;
+    /// The server configuration reports (frmConfigReport), set by the tools.
+    std::function<void()> showConfigReport;
+    /// The survey shown for a log of a Linux server ("boot.msg", "messages").
+    std::function<void(const QString& logfile)> showLinuxSurvey;
+    /// frmUpdateCheck, when the check at start-up found a newer release.
+    std::function<void()> showUpdateCheck;
 };
 
 } // namespace twk

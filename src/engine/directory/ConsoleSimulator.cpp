@@ -1,5 +1,6 @@
 #include "directory/ConsoleSimulator.h"
 
+#include "directory/ConfigReportWriter.h"
 #include "directory/UncPath.h"
 
 #include <QDir>
@@ -304,7 +305,7 @@ void ConsoleSimulator::startConfigReport(const QString& server, const QString& a
         const ServerEntry* e = entry(serverName);
         QFile file(path);
         if (e != nullptr && file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            file.write(configReportText(*e, clock()));
+            file.write(writeConfigReport(*e, clock()));
         unlock(path);
         note(serverName, QStringLiteral("CONFIG.NLM finished"));
     });
