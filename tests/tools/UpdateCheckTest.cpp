@@ -11,9 +11,9 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cstdio>
 #include <QProcess>
 #include <QStandardPaths>
+#include <cstdio>
 
 #include <gtest/gtest.h>
 
