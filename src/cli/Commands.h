@@ -26,6 +26,8 @@ int runErrcode(const GlobalOptions& options, const QStringList& args);
 int runDemo(const GlobalOptions& options, const QStringList& args);
 int runServers(const GlobalOptions& options, const QStringList& args);
 int runHealthCheck(const GlobalOptions& options, const QStringList& args);
+int runConfigReport(const GlobalOptions& options, const QStringList& args);
+int runConfigDiff(const GlobalOptions& options, const QStringList& args);
 
 /// Usage lines of each command, printed by usage().
 extern const char* const kShowUsage;
@@ -35,5 +37,7 @@ extern const char* const kErrcodeUsage;
 extern const char* const kDemoUsage;
 extern const char* const kServersUsage;
 extern const char* const kHealthCheckUsage;
+extern const char* const kConfigReportUsage;
+extern const char* const kConfigDiffUsage;
 
 } // namespace twk::cli

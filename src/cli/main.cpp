@@ -12,8 +12,9 @@ int usage(const char* problem) {
     if (problem != nullptr)
         std::fprintf(stderr, "tarnwick-cli: %s\n", problem);
     std::fprintf(stderr, "usage: tarnwick-cli [--network DIR] COMMAND ...\n");
-    for (const char* lines :
-         {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage, kServersUsage, kHealthCheckUsage})
+    for (const char* lines : {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage,
+                              kServersUsage, kHealthCheckUsage, kConfigReportUsage,
+                              kConfigDiffUsage})
         std::fprintf(stderr, "%s", lines);
     std::fprintf(stderr, "  tarnwick-cli --help\n");
     return kExitUsage;
@@ -55,5 +56,9 @@ int main(int argc, char** argv) {
         return runServers(options, args);
     if (command == QStringLiteral("healthcheck"))
         return runHealthCheck(options, args);
+    if (command == QStringLiteral("configreport"))
+        return runConfigReport(options, args);
+    if (command == QStringLiteral("configdiff"))
+        return runConfigDiff(options, args);
     return usage("unknown command");
 }

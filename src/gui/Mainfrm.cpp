@@ -4,7 +4,6 @@
 #include "core/MainKeys.h"
 #include "core/Mainfrm.h"
 #include "core/PictureClicks.h"
-#include "core/Version.h"
 #include "core/WindowPlace.h"
 #include "gui/CommandGroup.h"
 #include "gui/GridView.h"
@@ -14,6 +13,7 @@
 #include "gui/MainMenus.h"
 #include "gui/PictureLabel.h"
 #include "gui/StatusPanes.h"
+#include "gui/ToolDialogs.h"
 #include "gui/frmTipOfTheDay.h"
 #include "gui/frmTreeNotFound.h"
 #include "logs/ViewFilter.h"
@@ -26,7 +26,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -110,6 +109,7 @@ Mainfrm::Mainfrm(Engine& engine, const ImageList& images, QWidget* parent)
     menus_ = new MainMenus(*this, images, [this](const QString& name) { command(name); });
     logDialogs_ = new LogDialogs(engine, images, this);
     addCommandGroup(new HealthCheckDialogs(engine, images, this));
+    addCommandGroup(new ToolDialogs(engine, images, this));
 
     auto shortcut = [this](const QKeySequence& keys, MainKey key, KeyModifiers modifiers) {
         auto* s = new QShortcut(keys, this);
@@ -292,11 +292,6 @@ void Mainfrm::command(const QString& name) {
         showTipOfTheDay();
     else if (name == QStringLiteral("mnuRTM") && engine_.hooks.mnuRTM_Click)
         engine_.hooks.mnuRTM_Click();
-    else if (name == QStringLiteral("mnuAbout"))
-        QMessageBox::about(this, QStringLiteral(" About Tarnwick"),
-                           QStringLiteral("<b>Tarnwick</b> ") + versionText() +
-                               QStringLiteral("<br><br>Server logs, realtime event monitor and NDS "
-                                              "health check for NetWare and eDirectory networks."));
     else
         CommandNotAvailable(engine_);
     refresh();

@@ -41,6 +41,13 @@ public:
     /// A subsystem's dialogs: they are offered every menu command before the window's own.
     /// The window owns the group.
     void addCommandGroup(CommandGroup* group);
+    /// The command group of that type, nullptr when none was added.
+    template <class Group> Group* commandGroup() const {
+        for (const auto& group : commandGroups_)
+            if (auto* found = dynamic_cast<Group*>(group.get()))
+                return found;
+        return nullptr;
+    }
     void showTipOfTheDay();
     void showTreeNotFound();
 

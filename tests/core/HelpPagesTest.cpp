@@ -4,9 +4,9 @@
 
 #include "MainWindowSupport.h"
 #include "core/DeliveredFiles.h"
-#include "core/SharePath.h"
 #include "core/MainKeys.h"
 #include "core/MainView.h"
+#include "core/SharePath.h"
 #include "logs/ConsoleLogFiles.h"
 #include "logs/EventFilterForm.h"
 #include "logs/EventPropertiesForm.h"
@@ -14,6 +14,9 @@
 #include "logs/GotoConsole.h"
 #include "logs/GotoForm.h"
 #include "tools/ErrorCodeForm.h"
+#include "tools/RemoteConsole.h"
+#include "tools/TidFinder.h"
+#include "tools/UpdateCheckForm.h"
 
 #include <QDirIterator>
 #include <QSet>
@@ -43,7 +46,8 @@ QStringList pagesTheProgramNames() {
     pages << filterText::kHelpPage << findText::kHelpPage << gotoText::kHelpPage
           << GotoConsoleModel::kHelpPage << consoleHistoryText::kHelpPage
           << propertiesText::kHelpPage << propertiesText::kStatusHelpPage
-          << propertiesText::kEventTypeHelpPage << errorCodeText::kHelpPage;
+          << propertiesText::kEventTypeHelpPage << errorCodeText::kHelpPage << tidText::kHelpPage
+          << rconsoleText::kHelpPage << updateText::kHelpPage;
     pages.removeDuplicates();
     return pages;
 }
@@ -130,7 +134,7 @@ QString brokenLink(const QString& page, const QString& link) {
 
 TEST(HelpPages, EveryPageTheProgramOpensIsDelivered) {
     const QStringList pages = pagesTheProgramNames();
-    ASSERT_EQ(pages.size(), 14) << "four views, the start page, nine dialog pages and links";
+    ASSERT_EQ(pages.size(), 17) << "four views, the start page, twelve dialog pages and links";
     for (const QString& page : pages)
         EXPECT_TRUE(QFileInfo(QDir(kHelp).filePath(page)).isFile()) << str(page);
 }

@@ -68,7 +68,7 @@ TEST(CoreStartup, InitWritesTheDefaultsAndSetsTheMenus) {
     EXPECT_TRUE(ui.messages.empty()); // a fresh file needs no migration notice
 
     tree.write("app/tips.tdy", "tip");
-    tree.write("program/tarnwick-viewer", "x");
+    tree.write("program/tarnwick-configviewer", "x");
     engine.saveSysLogColumnWidth(3, 77);
     Init(engine);
     EXPECT_TRUE(engine.view.menuEnabled(QStringLiteral("mnuTipOfTheDay")));

@@ -43,7 +43,7 @@ AppPaths AppPaths::under(const QString& root) {
 
 QString AppPaths::inApp(const QString& name) const { return appFolder + "/" + name; }
 
-QString AppPaths::configViewer() const { return programFolder + "/tarnwick-viewer"; }
+QString AppPaths::configViewer() const { return programFolder + "/tarnwick-configviewer"; }
 
 QString AppPaths::registryFile() const { return configFolder + "/registry.reg"; }
 

@@ -47,6 +47,12 @@ struct EngineHooks {
     std::function<void()> showSyslogTest;
     /// The same, opened with the options' current fields rather than the stored ones.
     std::function<void(const SyslogTestRequest& fields)> showSyslogTestFor;
+    /// The server configuration reports (frmConfigReport), set by the tools.
+    std::function<void()> showConfigReport;
+    /// The survey shown for a log of a Linux server ("boot.msg", "messages").
+    std::function<void(const QString& logfile)> showLinuxSurvey;
+    /// frmUpdateCheck, when the check at start-up found a newer release.
+    std::function<void()> showUpdateCheck;
 };
 
 } // namespace twk

@@ -83,9 +83,12 @@ void ErrorCapture::HandleError(const QString& methodName, std::int32_t number,
     c.time = QDateTime::currentDateTime();
     c.version = versionText();
     ++count_;
-    QFile file(errorFile());
-    if (file.open(QIODevice::WriteOnly | QIODevice::Append))
-        file.write(FormatError(c).toUtf8());
+    {
+        // Closed before onError, which may read the file back.
+        QFile file(errorFile());
+        if (file.open(QIODevice::WriteOnly | QIODevice::Append))
+            file.write(FormatError(c).toUtf8());
+    }
     if (onError)
         onError(c);
 }

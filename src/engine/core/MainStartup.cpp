@@ -9,6 +9,7 @@
 #include "directory/Connections.h"
 #include "directory/TreeDiscovery.h"
 #include "logs/GridViews.h"
+#include "tools/UpdateCheckForm.h"
 
 namespace twk {
 
@@ -153,7 +154,7 @@ StartupOutcome Main(Engine& engine, StartupPort& port, const StartupOptions& opt
     v.changed();
 
     engine.StartupDone = true;
-    // The online update check of a later version comes here.
+    StartupUpdateCheck(engine);
 
     if (!handleArgument(engine, argument))
         return StartupOutcome::Running;

@@ -326,8 +326,12 @@ void cbLogFile_Click(Engine& engine) {
         v.changed();
 
         if (item == kConfigTxt) {
-            if (treeReachable(engine))
-                CommandNotAvailable(engine);
+            if (treeReachable(engine)) {
+                if (engine.hooks.showConfigReport)
+                    engine.hooks.showConfigReport();
+                else
+                    CommandNotAvailable(engine);
+            }
             v.cbLogFile.ListIndex = 0;
         } else if (item == views::kConsoleLog) {
             // A failure is in error.txt; a history closed without a choice leaves
@@ -335,7 +339,10 @@ void cbLogFile_Click(Engine& engine) {
             if (!treeReachable(engine) || !consoleLogReady(engine) || !showConsoleLogFiles(engine))
                 v.cbLogFile.ListIndex = 0;
         } else if (item == kBootMsg || item == kMessages) {
-            CommandNotAvailable(engine);
+            if (engine.hooks.showLinuxSurvey)
+                engine.hooks.showLinuxSurvey(item);
+            else
+                CommandNotAvailable(engine);
             v.cbLogFile.ListIndex = 0;
         } else if (!isNoLogfile(item)) {
             loadServerLog(engine, item);

@@ -6,6 +6,7 @@
 #include "demo/CronlogWriter.h"
 #include "demo/DemoTime.h"
 #include "demo/SysLogErrWriter.h"
+#include "directory/ConfigReportWriter.h"
 #include "directory/NetworkFolder.h"
 #include "directory/SalvageArea.h"
 #include "directory/ServerConsoleTexts.h"
@@ -188,8 +189,14 @@ private:
                                  dsRepairLogText(DsRepairRun::VersionsAndTime, directory_, *entry,
                                                  ago(5 * kDay)),
                                  ago(5 * kDay));
+            // Two reports, before and after the last maintenance, to compare.
             ok = ok && writeFile(sys + QStringLiteral("/SYSTEM/config-twk1.txt"),
-                                 configReportText(*entry, ago(9 * kDay)), ago(9 * kDay));
+                                 writeConfigReport(*entry, ago(9 * kDay),
+                                                   ConfigState::BeforeLastMaintenance),
+                                 ago(9 * kDay));
+            ok = ok &&
+                 writeFile(sys + QStringLiteral("/SYSTEM/config-twk2.txt"),
+                           writeConfigReport(*entry, ago(kDay + 3 * kHour)), ago(kDay + 3 * kHour));
         }
         for (const QString& volume : entry->volumes)
             if (volume != QStringLiteral("SYS"))

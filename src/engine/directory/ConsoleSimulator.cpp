@@ -1,5 +1,6 @@
 #include "directory/ConsoleSimulator.h"
 
+#include "directory/ConfigReportWriter.h"
 #include "directory/UncPath.h"
 
 #include <QDir>
@@ -366,7 +367,7 @@ void ConsoleSimulator::startConfigReport(const QString& server, const QString& a
         const ServerEntry* e = entry(serverName);
         QFile file(path);
         if (e != nullptr && file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            file.write(configReportText(*e, now()));
+            file.write(writeConfigReport(*e, now()));
         unlock(path);
         note(serverName, QStringLiteral("CONFIG.NLM finished"));
     });

@@ -290,37 +290,4 @@ QByteArray dsTraceBlock(DsTraceKind kind, const NetworkDescription& directory,
     return joinLines(lines, "\r\n");
 }
 
-QByteArray configReportText(const ServerEntry& server, const QDateTime& now) {
-    QStringList lines{
-        QStringLiteral("Novell Server Configuration Report, CONFIG.NLM 2.70"),
-        QStringLiteral("Created: %1").arg(now.toString(QStringLiteral("M-d-yyyy  h:mm:ss"))),
-        QString(),
-        QStringLiteral("Server name: %1").arg(server.name),
-        QStringLiteral("Server version: %1").arg(server.version),
-        QStringLiteral("Directory tree: %1").arg(server.tree),
-        QStringLiteral("Bindery context: %1")
-            .arg(server.context.isEmpty() ? QString()
-                                          : dottedName(server).mid(server.name.size() + 2)),
-        QStringLiteral("DS version: %1").arg(server.scenario.dsVersion),
-        QString(),
-        QStringLiteral("Volumes:"),
-    };
-    for (const QString& v : server.volumes)
-        lines << QStringLiteral("  %1").arg(v);
-    lines << QString() << QStringLiteral("Loaded modules:");
-    for (const char* m :
-         {"SERVER.NLM", "DS.NLM", "NSS.NLM", "TCPIP.NLM", "MONITOR.NLM", "CONLOG.NLM", "CRON.NLM"})
-        lines << QStringLiteral("  %1").arg(QLatin1String(m));
-    lines << QString() << QStringLiteral("SET parameters:")
-          << QStringLiteral("  Maximum Packet Receive Buffers = 10000")
-          << QStringLiteral("  Minimum Packet Receive Buffers = 2000")
-          << QStringLiteral("  Maximum Service Processes = 750")
-          << QStringLiteral("  Immediate Purge Of Deleted Files = OFF")
-          << QStringLiteral("  Timesync Type = %1")
-                 .arg(server.scenario.timeInSync ? QStringLiteral("SINGLE")
-                                                 : QStringLiteral("SECONDARY"))
-          << QString() << QStringLiteral("*** End of report ***");
-    return joinLines(lines, "\r\n");
-}
-
 } // namespace twk

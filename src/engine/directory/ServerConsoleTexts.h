@@ -1,8 +1,7 @@
 #pragma once
 // What the simulated server tools write: the DSREPAIR log of the three health check
-// scripts, blocks of a DSTRACE trace, and a CONFIG.NLM report. The texts follow the
-// tools' English output, with the facts taken from the directory and the servers'
-// scenarios.
+// scripts and blocks of a DSTRACE trace. The texts follow the tools' English output,
+// with the facts taken from the directory and the servers' scenarios.
 
 #include "directory/NetworkDescription.h"
 
@@ -32,9 +31,6 @@ enum class DsTraceKind { Sync, Schema };
 /// One block of trace lines (CR LF), the `block`-th since the trace began.
 QByteArray dsTraceBlock(DsTraceKind kind, const NetworkDescription& directory,
                         const ServerEntry& server, int block);
-
-/// A server configuration report as CONFIG.NLM writes it (CR LF).
-QByteArray configReportText(const ServerEntry& server, const QDateTime& now);
 
 /// "Tuesday, June 22, 2004  2:40:50 pm" (US) or "Dienstag, 22. Juni 2004  14:40:50" (DE).
 QString dsRepairBannerDate(const QDateTime& when, const QString& dateStyle);
