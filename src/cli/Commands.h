@@ -25,6 +25,7 @@ int runFilter(const GlobalOptions& options, const QStringList& args);
 int runErrcode(const GlobalOptions& options, const QStringList& args);
 int runDemo(const GlobalOptions& options, const QStringList& args);
 int runServers(const GlobalOptions& options, const QStringList& args);
+int runMonitor(const GlobalOptions& options, const QStringList& args);
 
 /// Usage lines of each command, printed by usage().
 extern const char* const kShowUsage;
@@ -33,5 +34,6 @@ extern const char* const kFilterUsage;
 extern const char* const kErrcodeUsage;
 extern const char* const kDemoUsage;
 extern const char* const kServersUsage;
+extern const char* const kMonitorUsage;
 
 } // namespace twk::cli

@@ -12,8 +12,8 @@ int usage(const char* problem) {
     if (problem != nullptr)
         std::fprintf(stderr, "tarnwick-cli: %s\n", problem);
     std::fprintf(stderr, "usage: tarnwick-cli [--network DIR] COMMAND ...\n");
-    for (const char* lines :
-         {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage, kServersUsage})
+    for (const char* lines : {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage,
+                              kServersUsage, kMonitorUsage})
         std::fprintf(stderr, "%s", lines);
     std::fprintf(stderr, "  tarnwick-cli --help\n");
     return kExitUsage;
@@ -53,5 +53,7 @@ int main(int argc, char** argv) {
         return runDemo(options, args);
     if (command == QStringLiteral("servers"))
         return runServers(options, args);
+    if (command == QStringLiteral("monitor"))
+        return runMonitor(options, args);
     return usage("unknown command");
 }
