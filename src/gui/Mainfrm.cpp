@@ -10,6 +10,7 @@
 #include "gui/GridView.h"
 #include "gui/ImageList.h"
 #include "gui/LogDialogs.h"
+#include "gui/MonitorDialogs.h"
 #include "gui/MainMenus.h"
 #include "gui/PictureLabel.h"
 #include "gui/StatusPanes.h"
@@ -108,6 +109,7 @@ Mainfrm::Mainfrm(Engine& engine, const ImageList& images, QWidget* parent)
 
     menus_ = new MainMenus(*this, images, [this](const QString& name) { command(name); });
     logDialogs_ = new LogDialogs(engine, images, this);
+    addCommandGroup(new MonitorDialogs(engine, images, this));
 
     auto shortcut = [this](const QKeySequence& keys, MainKey key, KeyModifiers modifiers) {
         auto* s = new QShortcut(keys, this);
