@@ -2,6 +2,7 @@
 
 #include "core/Engine.h"
 #include "core/Mainfrm.h"
+#include "gui/frmRTMOptions.h"
 #include "gui/frmRealtimeFilter.h"
 #include "monitor/FilterRuleList.h"
 
@@ -47,7 +48,8 @@ void MonitorDialogs::showFilterRule(int ruleNumber) {
 }
 
 void MonitorDialogs::showOptions() {
-    CommandNotAvailable(engine_);
+    frmRTMOptions form(engine_, main_);
+    form.exec();
 }
 
 void MonitorDialogs::showProperties(int) {

@@ -4,6 +4,7 @@
 #include "GuiSupport.h"
 #include "core/settings/IniFile.h"
 #include "gui/GridModel.h"
+#include "gui/frmRTMOptions.h"
 #include "gui/frmRealtimeFilter.h"
 #include "logs/GridViews.h"
 #include "monitor/MonitorRows.h"
@@ -12,7 +13,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
+#include <QTabWidget>
 
 using namespace twk;
 using test::WindowFixture;
@@ -82,4 +85,29 @@ TEST_F(MonitorWindow, TheRuleDialogSavesWhatItShows) {
     EXPECT_EQ(f.engine->Grid1.Rows(), rulesBefore + 1);
     const QByteArray ini = f.tree.read(QStringLiteral("app/twk.ini"));
     EXPECT_TRUE(ini.contains(",Out Of,(none),0,0,0,0,,0,0,-1,-1")) << ini.constData();
+}
+
+TEST_F(MonitorWindow, TheOptionsDialogWritesAtOnce) {
+    gui::frmRTMOptions form(*f.engine, f.window.get());
+    form.show();
+    auto* list = form.findChild<QListWidget*>(QStringLiteral("lstbServerListe"));
+    auto* name = form.findChild<QLineEdit*>(QStringLiteral("txtbServerName"));
+    ASSERT_TRUE(list && name);
+    EXPECT_EQ(list->count(), 1) << "FS1 of the settings";
+    QTest::keyClicks(name, QStringLiteral("fs9"));
+    EXPECT_EQ(name->text(), QStringLiteral("FS9"));
+    form.findChild<QPushButton*>(QStringLiteral("cmdAddServer"))->click();
+    EXPECT_EQ(list->count(), 2);
+    EXPECT_TRUE(name->text().isEmpty());
+
+    form.tabs()->setCurrentIndex(4);
+    auto* column = form.findChild<QComboBox*>(QStringLiteral("cbSortColumn"));
+    auto* order = form.findChild<QComboBox*>(QStringLiteral("cbSortOrder"));
+    EXPECT_FALSE(order->isEnabled());
+    column->setCurrentIndex(3);
+    Q_EMIT column->activated(3);
+    EXPECT_TRUE(order->isEnabled());
+
+    form.findChild<QPushButton*>(QStringLiteral("cmdMailTest"))->click();
+    EXPECT_EQ(f.ui.messages.back().text, optionsText::kNotAvailable);
 }
