@@ -28,6 +28,7 @@ int runServers(const GlobalOptions& options, const QStringList& args);
 int runHealthCheck(const GlobalOptions& options, const QStringList& args);
 int runConfigReport(const GlobalOptions& options, const QStringList& args);
 int runConfigDiff(const GlobalOptions& options, const QStringList& args);
+int runMonitor(const GlobalOptions& options, const QStringList& args);
 
 /// Usage lines of each command, printed by usage().
 extern const char* const kShowUsage;
@@ -39,5 +40,6 @@ extern const char* const kServersUsage;
 extern const char* const kHealthCheckUsage;
 extern const char* const kConfigReportUsage;
 extern const char* const kConfigDiffUsage;
+extern const char* const kMonitorUsage;
 
 } // namespace twk::cli

@@ -13,8 +13,8 @@ int usage(const char* problem) {
         std::fprintf(stderr, "tarnwick-cli: %s\n", problem);
     std::fprintf(stderr, "usage: tarnwick-cli [--network DIR] COMMAND ...\n");
     for (const char* lines : {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage,
-                              kServersUsage, kHealthCheckUsage, kConfigReportUsage,
-                              kConfigDiffUsage})
+                              kServersUsage, kMonitorUsage, kHealthCheckUsage,
+                              kConfigReportUsage, kConfigDiffUsage})
         std::fprintf(stderr, "%s", lines);
     std::fprintf(stderr, "  tarnwick-cli --help\n");
     return kExitUsage;
@@ -60,5 +60,7 @@ int main(int argc, char** argv) {
         return runConfigReport(options, args);
     if (command == QStringLiteral("configdiff"))
         return runConfigDiff(options, args);
+    if (command == QStringLiteral("monitor"))
+        return runMonitor(options, args);
     return usage("unknown command");
 }

@@ -3,6 +3,8 @@
 #include "gui/ImageList.h"
 
 #include <QColor>
+#include <QGuiApplication>
+#include <QPalette>
 
 #include <algorithm>
 
@@ -15,6 +17,8 @@ QColor colorOf(std::uint32_t bgr) {
     return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
                   static_cast<int>((bgr >> 16) & 0xFF));
 }
+
+constexpr std::uint32_t kToolTipBackColor = 0x80000018;
 
 } // namespace
 
@@ -110,6 +114,15 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::ForegroundRole: {
         const std::uint32_t color = grid_.CellForeColor(row, col);
         return color == kDefaultForeColor ? QVariant() : QVariant(colorOf(color));
+    }
+    case Qt::BackgroundRole: {
+        const std::uint32_t color = grid_.CellBackColor(row, col);
+        if (color == kDefaultBackColor)
+            return {};
+        // The system colour of a tool tip's background, as the monitor's WARNING rows use.
+        if (color == kToolTipBackColor)
+            return QGuiApplication::palette().brush(QPalette::ToolTipBase);
+        return QVariant(colorOf(color));
     }
     case Qt::FontRole:
         return grid_.CellFontBold(row, col) ? QVariant(boldFont_) : QVariant();

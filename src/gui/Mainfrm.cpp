@@ -10,6 +10,7 @@
 #include "gui/HealthCheckDialogs.h"
 #include "gui/ImageList.h"
 #include "gui/LogDialogs.h"
+#include "gui/MonitorDialogs.h"
 #include "gui/MainMenus.h"
 #include "gui/PictureLabel.h"
 #include "gui/StatusPanes.h"
@@ -110,6 +111,7 @@ Mainfrm::Mainfrm(Engine& engine, const ImageList& images, QWidget* parent)
     logDialogs_ = new LogDialogs(engine, images, this);
     addCommandGroup(new HealthCheckDialogs(engine, images, this));
     addCommandGroup(new ToolDialogs(engine, images, this));
+    addCommandGroup(new MonitorDialogs(engine, images, this));
 
     auto shortcut = [this](const QKeySequence& keys, MainKey key, KeyModifiers modifiers) {
         auto* s = new QShortcut(keys, this);

@@ -2,6 +2,8 @@
 
 #include "MainWindowSupport.h"
 #include "core/Mainfrm.h"
+#include "logs/GridViews.h"
+#include "monitor/RealtimeMonitor.h"
 
 #include <gtest/gtest.h>
 
@@ -58,9 +60,9 @@ TEST_F(Keys, KeysWithOtherModifiersAreNotTaken) {
 TEST_F(Keys, F9WithALogOpenClosesItWithoutAsking) {
     loadLog();
     EXPECT_TRUE(Form_KeyDown(*f.engine, MainKey::F9, kNone));
-    EXPECT_EQ(f.engine->Grid1.Rows(), 0);
+    EXPECT_EQ(f.engine->view.CurrentView, views::kFilterRules) << "the log is closed";
     ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable) << "no monitor to start";
+    EXPECT_EQ(f.ui.messages[0].text, rtmText::kNoServer) << "no server to monitor";
 
     // With the monitor: the rules come first, and nothing is asked outside its view.
     loadLog();

@@ -5,6 +5,7 @@
 #include "core/Mainfrm.h"
 #include "core/Startup.h"
 #include "core/TipOfTheDay.h"
+#include "monitor/RealtimeMonitor.h"
 
 #include <QFile>
 
@@ -116,11 +117,11 @@ TEST(MainStartup, RtmArgumentStartsTheMonitorAndSkipsTheLastSteps) {
     EXPECT_EQ(callsOf(f, "showTipOfTheDay"), 0);
 }
 
-TEST(MainStartup, RtmWithoutTheMonitorSaysSo) {
+TEST(MainStartup, RtmWithoutServersAsksForOne) {
     MainWindowFixture f;
     f.start({QStringLiteral("-rtm")});
     ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].text, startText::kMonitorLater);
+    EXPECT_EQ(f.ui.messages[0].text, rtmText::kNoServer);
     EXPECT_TRUE(f.engine->StartupDone);
 }
 

@@ -64,12 +64,17 @@ TEST_F(Pictures, ServerOpensTheRemoteConsoleWhenThereIsOne) {
 
 TEST_F(Pictures, CloseLeavesTheMonitorFirst) {
     std::vector<std::string> order;
-    f.engine->hooks.mnuRTM_Click = [&] {
+    f.engine->hooks.stopMonitor = [&] {
         order.push_back("monitor");
     };
     f.engine->view.CurrentView = views::kRealtimeMonitor;
     f.engine->Grid1.setRows(2);
+    f.ui.answers = {MsgResult::No};
     picCloseLogfile_DblClick(*f.engine);
+    EXPECT_TRUE(order.empty()) << "No keeps the monitor";
+    EXPECT_EQ(f.engine->Grid1.Rows(), 2);
+    picCloseLogfile_DblClick(*f.engine);
+    EXPECT_EQ(f.ui.messages.back().text, QStringLiteral("Exit Realtime Event Monitor?     "));
     EXPECT_EQ(order, std::vector<std::string>{"monitor"});
     EXPECT_EQ(f.engine->Grid1.Rows(), 0);
 }

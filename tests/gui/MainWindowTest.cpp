@@ -2,6 +2,8 @@
 #include "core/Mainfrm.h"
 #include "gui/GridModel.h"
 #include "gui/PictureLabel.h"
+#include "logs/GridViews.h"
+#include "monitor/RealtimeMonitor.h"
 
 #include <QHeaderView>
 #include <QPushButton>
@@ -132,10 +134,16 @@ TEST_F(MainWindow, KeysCtrlAltDEnterAndF9) {
     EXPECT_EQ(f.engine->Grid1.SelectedRow(), 2);
     EXPECT_EQ(f.paneText(1), QStringLiteral("39/40"));
 
+    int optionsShown = 0;
+    f.engine->monitor.dialogs.showOptions = [&] {
+        ++optionsShown;
+    };
     QTest::keyClick(&w, Qt::Key_F9);
-    EXPECT_EQ(shownRows(), 0) << "F9 closes the log without asking";
+    EXPECT_EQ(optionsShown, 1) << "no server to monitor: the options open";
+    EXPECT_EQ(f.engine->view.CurrentView, views::kFilterRules)
+        << "F9 closes the log without asking";
     ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].text, mainText::kNotAvailable);
+    EXPECT_EQ(f.ui.messages[0].text, rtmText::kNoServer);
 }
 
 TEST_F(MainWindow, StatusPanesSimpleModeAndJumps) {

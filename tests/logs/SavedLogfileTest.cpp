@@ -294,7 +294,7 @@ TEST_F(SavedLogfiles, TheOpenQuestionsOfTheCommandLineRoad) {
     // While the monitor runs it asks to leave it first.
     engine.view.CurrentView = views::kRealtimeMonitor;
     int monitorToggles = 0;
-    engine.hooks.mnuRTM_Click = [&] {
+    engine.hooks.stopMonitor = [&] {
         ++monitorToggles;
     };
     ui.answers = {MsgResult::No};

@@ -3,6 +3,7 @@
 #include "core/settings/SysLogErrColumns.h"
 #include "directory/NetworkFolder.h"
 #include "logs/SavedLogfile.h"
+#include "monitor/RealtimeMonitor.h"
 
 namespace twk {
 
@@ -11,6 +12,7 @@ Engine::Engine(AppPaths p, UiPort& u, ProgressPort& pr)
       trace(paths.inApp(QStringLiteral("debug.txt"))) {
     network = makeDefaultNetworkClient(*this);
     InstallSavedLogfileHook(*this);
+    InstallRealtimeMonitor(*this);
 }
 
 std::array<int, 10> Engine::sysLogColumnWidths() const { return ColumnWidthsSysLogErr(registry); }

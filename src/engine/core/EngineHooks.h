@@ -32,6 +32,11 @@ struct EngineHooks {
     std::function<void()> mnuRTM_Click;
     /// Shows the realtime filter rules in the grid (the "FilterRules" view).
     std::function<void()> ShowFilterRules;
+    /// Ends the realtime monitor without asking (the caller asked): its timer stops and
+    /// its view closes.
+    std::function<void()> stopMonitor;
+    /// A click on a column header of the monitor view (1-based).
+    std::function<void(int column)> MonitorColumnClick;
     /// A double click on a grid row (1-based, in the grid's current order).
     std::function<void(int row)> Grid1_DblClick;
     /// Opens the go-to dialog.

@@ -60,6 +60,8 @@ void F9_RealtimeMonitor(Engine& engine) {
                                  MsgIcon::Question, MsgButtons::YesNo, kMessageTitle);
         if (answer != MsgResult::Yes)
             return;
+        if (engine.hooks.stopMonitor)
+            engine.hooks.stopMonitor();
     }
     CloseFile(engine);
     if (!engine.hooks.ShowFilterRules || !engine.hooks.mnuRTM_Click) {

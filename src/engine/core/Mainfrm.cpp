@@ -364,6 +364,11 @@ void ConnectCascade(Engine& engine) {
 }
 
 void Grid1_HeaderClick(Engine& engine, int column) {
+    if (engine.view.CurrentView == views::kRealtimeMonitor) {
+        if (engine.hooks.MonitorColumnClick)
+            engine.hooks.MonitorColumnClick(column);
+        return;
+    }
     Grid& g = engine.Grid1;
     std::vector<std::string> tagsBefore;
     for (int c = 1; c <= g.Cols(); ++c)

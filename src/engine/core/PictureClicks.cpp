@@ -64,8 +64,14 @@ void picLogfile_DblClick(Engine& engine) {
 }
 
 void picCloseLogfile_DblClick(Engine& engine) {
-    if (engine.view.CurrentView == views::kRealtimeMonitor && engine.hooks.mnuRTM_Click)
-        engine.hooks.mnuRTM_Click();
+    if (engine.view.CurrentView == views::kRealtimeMonitor) {
+        if (engine.ui.messageBox(QStringLiteral("Exit Realtime Event Monitor?     "),
+                                 MsgIcon::Question, MsgButtons::YesNo,
+                                 kMessageTitle) != MsgResult::Yes)
+            return;
+        if (engine.hooks.stopMonitor)
+            engine.hooks.stopMonitor();
+    }
     CloseFile(engine);
 }
 

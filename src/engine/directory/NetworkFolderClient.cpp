@@ -465,4 +465,21 @@ std::int32_t NetworkFolderClient::accessError(const QString& unc) {
     return QFileInfo(info.absolutePath()).isDir() ? errnum::FileNotFound : errnum::PathNotFound;
 }
 
+// ---------------------------------------------------------------- ICMP echo
+
+EchoReply NetworkFolderClient::Echo(const QString& address, int payloadBytes, int timeoutMs,
+                                    const std::function<void()>& yield) {
+    const QString wanted = address.trimmed();
+    for (const ServerEntry& server : description().servers) {
+        if (wanted.isEmpty() || !sameName(server.address.trimmed(), wanted))
+            continue;
+        EchoReply reply;
+        reply.replied = server.scenario.reachable;
+        reply.status = reply.replied ? 0 : echostatus::kTimedOut;
+        reply.sameData = reply.replied;
+        return reply;
+    }
+    return systemEcho().Echo(address, payloadBytes, timeoutMs, yield);
+}
+
 } // namespace twk

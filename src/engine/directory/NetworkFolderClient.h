@@ -28,7 +28,8 @@ class NetworkFolderClient final : public NetworkClient,
                                   private DirectoryPort,
                                   private ServerConsolePort,
                                   private VolumePort,
-                                  private FileAccessPort {
+                                  private FileAccessPort,
+                                  private EchoPort {
 public:
     /// `errors` (may be null) receives the problems of the description file; `clock`
     /// gives the clock of the simulated console (the system's when empty).
@@ -42,6 +43,9 @@ public:
     ServerConsolePort& console() override { return *this; }
     VolumePort& volumes() override { return *this; }
     FileAccessPort& files() override { return *this; }
+    /// Answers for the addresses of the servers the description holds (an unreachable
+    /// server gives no reply); any other address gets the operating system's echo.
+    EchoPort& echo() override { return *this; }
     QString describe() const override;
 
     const QString& folder() const { return folder_; }
@@ -101,6 +105,10 @@ private:
     // FileAccessPort
     QString localPath(const QString& unc) override;
     std::int32_t accessError(const QString& unc) override;
+
+    // EchoPort
+    EchoReply Echo(const QString& address, int payloadBytes, int timeoutMs,
+                   const std::function<void()>& yield) override;
 
     bool treeLoggedIn(const QString& tree);
     QString treeUser(const QString& tree);

@@ -271,6 +271,41 @@ public:
     virtual std::int32_t accessError(const QString& unc) = 0;
 };
 
+// ---------------------------------------------------------------- ICMP echo
+
+/// What one ICMP echo brought back.
+struct EchoReply {
+    bool replied = false;     ///< an echo reply came back in time
+    std::int32_t status = 0;  ///< 0 for a reply; else the reason (kEchoTimedOut, ...)
+    bool sameData = false;    ///< the reply carried the payload back unchanged
+    int roundTripMs = 0;
+};
+
+namespace echostatus {
+/// No reply within the time-out.
+inline constexpr std::int32_t kTimedOut = 11010;
+/// The destination reported itself unreachable.
+inline constexpr std::int32_t kUnreachable = 11003;
+/// The name could not be resolved to an address.
+inline constexpr std::int32_t kBadDestination = 11018;
+/// No ICMP socket could be opened.
+inline constexpr std::int32_t kNoSocket = 11050;
+} // namespace echostatus
+
+/// One ICMP echo: `payloadBytes` random bytes of 1 to 254 sent to `address` (a dotted
+/// address, or a name to resolve), waiting up to `timeoutMs` for the reply and letting
+/// `yield` run meanwhile, so that the window never stands still while it waits.
+class EchoPort {
+public:
+    virtual ~EchoPort() = default;
+    virtual EchoReply Echo(const QString& address, int payloadBytes, int timeoutMs,
+                           const std::function<void()>& yield) = 0;
+};
+
+/// The operating system's ICMP echo: an unprivileged ICMP socket, a raw one when that
+/// is refused and the process may open one.
+EchoPort& systemEcho();
+
 // ---------------------------------------------------------------- the whole client
 
 /// The network client as the program sees it.
@@ -283,6 +318,8 @@ public:
     virtual ServerConsolePort& console() = 0;
     virtual VolumePort& volumes() = 0;
     virtual FileAccessPort& files() = 0;
+    /// ICMP echo; the operating system's unless a client answers for its servers.
+    virtual EchoPort& echo() { return systemEcho(); }
     /// A text that says where the network is, for messages ("network folder /x/y").
     virtual QString describe() const = 0;
 };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <unordered_map>
 
 namespace twk {
 
@@ -13,6 +14,7 @@ void Grid::setColumns(std::vector<GridColumn> columns) {
     cells_.clear();
     icons_.clear();
     colors_.clear();
+    backColors_.clear();
     bold_.clear();
     hidden_.clear();
     order_.clear();
@@ -35,6 +37,7 @@ void Grid::clear() {
     icons_.clear();
     icons_.shrink_to_fit();
     colors_ = {};
+    backColors_ = {};
     bold_ = {};
     hidden_.clear();
     hidden_.shrink_to_fit();
@@ -56,6 +59,7 @@ void Grid::setRows(int rows) {
         std::vector<StringId> cells(wanted * cols);
         std::vector<std::int8_t> icons(wanted * cols);
         std::vector<std::uint32_t> colors(colors_.empty() ? 0 : wanted * cols);
+        std::vector<std::uint32_t> backColors(backColors_.empty() ? 0 : wanted * cols);
         std::vector<std::uint8_t> bold(bold_.empty() ? 0 : wanted * cols);
         std::vector<std::uint8_t> hidden(wanted);
         for (std::size_t r = 0; r < wanted; ++r) {
@@ -67,6 +71,9 @@ void Grid::setRows(int rows) {
             if (!colors.empty())
                 std::copy_n(colors_.begin() + static_cast<std::ptrdiff_t>(from * cols), cols,
                             colors.begin() + static_cast<std::ptrdiff_t>(r * cols));
+            if (!backColors.empty())
+                std::copy_n(backColors_.begin() + static_cast<std::ptrdiff_t>(from * cols), cols,
+                            backColors.begin() + static_cast<std::ptrdiff_t>(r * cols));
             if (!bold.empty())
                 std::copy_n(bold_.begin() + static_cast<std::ptrdiff_t>(from * cols), cols,
                             bold.begin() + static_cast<std::ptrdiff_t>(r * cols));
@@ -75,6 +82,7 @@ void Grid::setRows(int rows) {
         cells_ = std::move(cells);
         icons_ = std::move(icons);
         colors_ = std::move(colors);
+        backColors_ = std::move(backColors);
         bold_ = std::move(bold);
         hidden_ = std::move(hidden);
         order_.resize(wanted);
@@ -89,6 +97,8 @@ void Grid::setRows(int rows) {
         icons_.resize((physicalRows + added) * cols, static_cast<std::int8_t>(kNoIcon));
         if (!colors_.empty())
             colors_.resize((physicalRows + added) * cols, kDefaultForeColor);
+        if (!backColors_.empty())
+            backColors_.resize((physicalRows + added) * cols, kDefaultBackColor);
         if (!bold_.empty())
             bold_.resize((physicalRows + added) * cols, 0);
         hidden_.resize(physicalRows + added, 0);
@@ -129,6 +139,33 @@ void Grid::setCellForeColor(int row, int col, std::uint32_t rgb) {
         colors_.assign(cells_.size(), kDefaultForeColor);
     }
     colors_[at(row, col)] = rgb;
+}
+
+std::uint32_t Grid::CellBackColor(int row, int col) const {
+    return backColors_.empty() ? kDefaultBackColor : backColors_[at(row, col)];
+}
+
+void Grid::setCellBackColor(int row, int col, std::uint32_t color) {
+    if (backColors_.empty()) {
+        if (color == kDefaultBackColor)
+            return;
+        backColors_.assign(cells_.size(), kDefaultBackColor);
+    }
+    backColors_[at(row, col)] = color;
+}
+
+void Grid::compactTexts() {
+    StringPool fresh;
+    std::unordered_map<StringId, StringId> moved;
+    for (StringId& id : cells_) {
+        if (id == kEmptyString)
+            continue;
+        const auto [it, added] = moved.try_emplace(id, kEmptyString);
+        if (added)
+            it->second = fresh.store(pool_.view(id));
+        id = it->second;
+    }
+    pool_ = std::move(fresh);
 }
 
 bool Grid::CellFontBold(int row, int col) const {
@@ -200,7 +237,7 @@ void Grid::sort(int col, SortType type, bool descending) {
 
 std::size_t Grid::memoryBytes() const {
     return pool_.memoryBytes() + cells_.capacity() * sizeof(StringId) + icons_.capacity() +
-           colors_.capacity() * sizeof(std::uint32_t) + bold_.capacity() + hidden_.capacity() +
+           (colors_.capacity() + backColors_.capacity()) * sizeof(std::uint32_t) + bold_.capacity() + hidden_.capacity() +
            order_.capacity() * sizeof(std::uint32_t);
 }
 

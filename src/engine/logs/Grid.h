@@ -47,6 +47,8 @@ inline GridColumn iconColumn(std::string key, std::string header, int width,
 
 inline constexpr int kNoIcon = -1;
 inline constexpr std::uint32_t kDefaultForeColor = 0x000000;
+/// The background of a cell nobody coloured: the grid's window colour, white.
+inline constexpr std::uint32_t kDefaultBackColor = 0xFFFFFF;
 
 class Grid {
 public:
@@ -79,6 +81,9 @@ public:
     void setCellIcon(int row, int col, int icon);
     std::uint32_t CellForeColor(int row, int col) const;
     void setCellForeColor(int row, int col, std::uint32_t rgb);
+    /// The background of a cell, allocated at the first cell that gets another one.
+    std::uint32_t CellBackColor(int row, int col) const;
+    void setCellBackColor(int row, int col, std::uint32_t color);
     bool CellFontBold(int row, int col) const;
     void setCellFontBold(int row, int col, bool bold);
 
@@ -94,6 +99,10 @@ public:
 
     StringPool& pool() { return pool_; }
     const StringPool& pool() const { return pool_; }
+
+    /// Stores the texts of the cells anew, dropping those no cell uses any more (a
+    /// view whose cells are rewritten for a long time keeps its memory small).
+    void compactTexts();
 
     /// Stable sort of all rows by one column; equal keys keep their order.
     void sort(int col, SortType type, bool descending);
@@ -122,6 +131,7 @@ private:
     std::vector<StringId> cells_;      // physical row-major
     std::vector<std::int8_t> icons_;   // physical row-major
     std::vector<std::uint32_t> colors_; // allocated at the first coloured cell
+    std::vector<std::uint32_t> backColors_; // allocated at the first coloured background
     std::vector<std::uint8_t> bold_;    // allocated at the first bold cell
     std::vector<std::uint8_t> hidden_;  // per physical row
     std::vector<std::uint32_t> order_;  // display row - 1 -> physical row

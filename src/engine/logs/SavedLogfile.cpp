@@ -90,8 +90,8 @@ bool mayReplaceView(Engine& engine, const SavedLogfileRoad& road) {
                                  MsgIcon::Question, MsgButtons::YesNo,
                                  kMessageTitle) != MsgResult::Yes)
             return false;
-        if (engine.hooks.mnuRTM_Click)
-            engine.hooks.mnuRTM_Click();
+        if (engine.hooks.stopMonitor)
+            engine.hooks.stopMonitor();
     } else if (road.fromCommandLine && logViewIsOpen(engine)) {
         if (engine.ui.messageBox(QStringLiteral("Close Logfile now?     "), MsgIcon::Question,
                                  MsgButtons::YesNo, kMessageTitle) != MsgResult::Yes)

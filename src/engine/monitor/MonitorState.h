@@ -2,10 +2,13 @@
 // The realtime monitor's tables: the servers it watches and the filter rules that
 // judge their events. The grid row of a server is the only store of its last event.
 
+#include "core/MainView.h"
+
 #include <QString>
 
 #include <array>
 #include <cstdint>
+#include <functional>
 
 namespace twk {
 
@@ -43,12 +46,54 @@ struct FilterRule {
     std::int16_t NTEventLogID = -1;       ///< the event id less 1; -1 none
 };
 
+/// A timer with hours, minutes and seconds fields and an enabled switch.
+struct LongTimer {
+    int Hours = 0;
+    int Minutes = 0;
+    int Seconds = 0;
+    bool Enabled = false;
+    int id = 0; ///< the clock's timer while enabled
+    std::int64_t intervalMs() const {
+        return ((std::int64_t{Hours} * 60 + Minutes) * 60 + Seconds) * 1000;
+    }
+};
+
+/// The dialogs the monitor opens; the window sets them, elsewhere they stay empty.
+struct MonitorDialogs {
+    /// frmRTMOptions.
+    std::function<void()> showOptions;
+    /// frmRealtimeFilter on a rule number (0: a new rule), modally.
+    std::function<void(int ruleNumber)> showFilterRule;
+    /// frmRTMProperties on a row of the monitor grid.
+    std::function<void(int gridRow)> showProperties;
+};
+
 /// What the monitor keeps while it runs.
 struct MonitorState {
     std::array<MonitoredServer, kMonitorCapacity> MonitorServers{};
     std::int16_t MonitorServerCount = 0;
     /// The record of rule n lies at index n - 1.
     std::array<FilterRule, kFilterRuleCapacity> FilterRules{};
+
+    /// The monitor's view is open: from its start until it is stopped.
+    bool Running = false;
+    /// The poll timer.
+    LongTimer LongTimer1;
+    /// The syslog sender could be found at the monitor's start.
+    bool SyslogSenderPresent = false;
+    /// Overrides the stored interval when above 0 (the command line's --interval).
+    std::int64_t intervalOverrideMs = 0;
+    /// Grows at every start and stop, so that a pass that yielded sees when the monitor
+    /// it belongs to has ended meanwhile.
+    std::uint64_t run = 0;
+    /// Poll cycles done since the start.
+    int cycles = 0;
+    /// Called after the start pass (0) and after every poll cycle (1, 2, ...).
+    std::function<void(int cycle)> onCycleDone;
+    /// The cascade lists as they were before the monitor filled them with its words.
+    std::array<ListState, 4> cascade;
+    bool cascadeSaved = false;
+    MonitorDialogs dialogs;
 };
 
 } // namespace twk

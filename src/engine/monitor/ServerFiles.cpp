@@ -1,0 +1,101 @@
+#include "monitor/ServerFiles.h"
+
+#include "core/Engine.h"
+#include "core/Text.h"
+#include "logs/EventTypeRecognizer.h"
+#include "logs/LineReader.h"
+
+#include <QFileInfo>
+
+namespace twk {
+
+namespace {
+
+const QString kEnglish = QString::fromLatin1(kEnglisch.data(), kEnglisch.size());
+const QString kGerman = QString::fromLatin1(kDeutsch.data(), kDeutsch.size());
+
+bool isSingleServerName(const QString& name) {
+    const QString trimmed = name.trimmed();
+    if (trimmed.isEmpty() || trimmed == QStringLiteral(".") || trimmed == QStringLiteral(".."))
+        return false;
+    for (const QChar c : name)
+        if (c == u'\\' || c == u'/' || c.unicode() < 32)
+            return false;
+    return true;
+}
+
+MonitoredServer* record(Engine& engine, int index) {
+    if (index < 0 || index >= kMonitorCapacity)
+        return nullptr;
+    return &engine.monitor.MonitorServers[static_cast<std::size_t>(index)];
+}
+
+void statusBar(Engine& engine, const QString& text) {
+    engine.view.simpleMode = !text.isEmpty();
+    engine.view.simpleText = text;
+}
+
+} // namespace
+
+QString serverLogUnc(const QString& serverName) {
+    if (!isSingleServerName(serverName))
+        return {};
+    return QStringLiteral("\\\\") + serverName + QStringLiteral("\\SYS\\SYSTEM\\SYS$LOG.ERR");
+}
+
+QString readableServerLog(Engine& engine, const QString& serverName) {
+    const QString unc = serverLogUnc(serverName);
+    if (unc.isEmpty() || engine.network == nullptr)
+        return {};
+    FileAccessPort& files = engine.network->files();
+    if (files.accessError(unc) != 0)
+        return {};
+    const QString local = files.localPath(unc);
+    return QFileInfo(local).isFile() ? local : QString();
+}
+
+std::int32_t GetServerFileSize(Engine& engine, const QString& serverName, int index) {
+    statusBar(engine, QStringLiteral("Getting the SYS$LOG.ERR file size of Server ") + serverName +
+                          QStringLiteral("..."));
+    const QString local = readableServerLog(engine, serverName);
+    // The table keeps 32 bits of the size: enough to see that it changed.
+    const auto size = local.isEmpty() ? std::int32_t{0}
+                                      : static_cast<std::int32_t>(static_cast<std::uint32_t>(
+                                            static_cast<std::uint64_t>(QFileInfo(local).size())));
+    if (size == 0)
+        if (MonitoredServer* server = record(engine, index))
+            server->Language = kEnglish;
+    statusBar(engine, {});
+    return size;
+}
+
+QString ReadServerLanguage(Engine& engine, const QString& serverName, int index) {
+    MonitoredServer* server = record(engine, index);
+    if (server != nullptr && !server->Language.isEmpty())
+        return server->Language;
+    statusBar(engine, QStringLiteral("Looking for the Server Language of Server ") + serverName +
+                          QStringLiteral("..."));
+    QString language = kEnglish;
+    const QString local = readableServerLog(engine, serverName);
+    if (!local.isEmpty()) {
+        LineReader reader(local);
+        std::string_view line;
+        while (reader.next(line)) {
+            engine.yieldIfDue();
+            if (!text::contains(line, "=") || text::containsCaseBlind(line, "SYS$LOG.ERR"))
+                continue;
+            if (text::contains(line, "Severity"))
+                break;
+            if (text::contains(line, "Schweregrad")) {
+                language = kGerman;
+                break;
+            }
+        }
+    }
+    if (server != nullptr)
+        server->Language = language;
+    statusBar(engine, {});
+    return language;
+}
+
+} // namespace twk
