@@ -2,6 +2,7 @@
 // the servers, options and rules of the settings store and twk.ini. One JSON line after
 // the start pass and after each poll cycle; SIGINT or SIGTERM end it.
 
+#include "alerts/MonitorAlerts.h"
 #include "cli/CliUi.h"
 #include "cli/Commands.h"
 #include "core/Engine.h"
@@ -115,6 +116,8 @@ int runMonitor(const GlobalOptions& options, const QStringList& args) {
                      c.methodName.toLocal8Bit().constData());
     };
     engine.monitor.intervalOverrideMs = parsed.intervalMs;
+    // Mail, syslog, journal, popups and RTMLog.txt, as in the window.
+    const auto alerts = InstallMonitorAlerts(engine);
 
     int exitCode = kExitOk;
     bool done = false;
