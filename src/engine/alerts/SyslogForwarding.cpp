@@ -5,6 +5,7 @@
 #include "core/EngineHooks.h"
 #include "core/Text.h"
 #include "core/settings/SettingsKeys.h"
+#include "monitor/SyslogNames.h"
 
 namespace twk {
 
@@ -52,37 +53,22 @@ void SaveSyslogSettings(Engine& engine, const SyslogTestRequest& fields) {
                          MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
 }
 
+namespace {
+template <std::size_t N> QStringList toNames(const std::array<std::string_view, N>& names) {
+    QStringList list;
+    for (const std::string_view name : names)
+        list.append(QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
+    return list;
+}
+} // namespace
+
 const QStringList& SyslogFacilityNames() {
-    static const QStringList names = {"Kernel",
-                                      "User",
-                                      "Mail",
-                                      "Daemon",
-                                      "Auth",
-                                      "Syslog",
-                                      "LPR",
-                                      "News",
-                                      "UUCP",
-                                      "Cron",
-                                      "System0 - Security",
-                                      "System1 - FTP",
-                                      "System2 - NTP",
-                                      "System3 - Logaudit",
-                                      "System4 - Logalert",
-                                      "System5 - Clock",
-                                      "Local0",
-                                      "Local1",
-                                      "Local2",
-                                      "Local3",
-                                      "Local4",
-                                      "Local5",
-                                      "Local6",
-                                      "Local7"};
+    static const QStringList names = toNames(kSyslogFacilities);
     return names;
 }
 
 const QStringList& SyslogLevelNames() {
-    static const QStringList names = {"Emergency", "Alert",  "Critical",    "Error",
-                                      "Warning",   "Notice", "Information", "Debug"};
+    static const QStringList names = toNames(kSyslogLevels);
     return names;
 }
 

@@ -4,6 +4,7 @@
 #include "healthcheck/HealthCheckOptions.h"
 #include "healthcheck/HealthCheckStart.h"
 #include "healthcheck/HttpDownload.h"
+#include "tools/UpdateRelease.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -31,16 +32,8 @@ ProxySetting splitProxy(const QString& text) {
     return {trimmed.left(colon), trimmed.mid(colon + 1)};
 }
 
-ProxySetting GetProxy() {
-    QString text = qEnvironmentVariable("http_proxy");
-    if (text.isEmpty())
-        text = qEnvironmentVariable("HTTP_PROXY");
-    if (text.isEmpty())
-        return {};
-    const QUrl url = QUrl::fromUserInput(text);
-    if (url.isValid() && !url.host().isEmpty())
-        return {url.host(), url.port() > 0 ? QString::number(url.port()) : QString()};
-    return splitProxy(text);
+ProxySetting GetProxyParts() {
+    return splitProxy(GetProxy());
 }
 
 FrmStuffkey::FrmStuffkey(Engine& engine) : engine_(engine) {}
@@ -74,7 +67,7 @@ void FrmStuffkey::Form_Load() {
                   stuffkeyText::kRemotePath;
     QDir().mkpath(nlmFolder());
     txtLocalFile.text = QDir(nlmFolder()).filePath(QStringLiteral("stufkey5.exe"));
-    const ProxySetting proxy = GetProxy();
+    const ProxySetting proxy = GetProxyParts();
     chkbProxy.checked = !proxy.server.isEmpty();
     txtbProxyServer.text = proxy.server;
     txtbProxyPort.text = proxy.port;

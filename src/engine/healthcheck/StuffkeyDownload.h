@@ -39,13 +39,13 @@ inline const QString kDefaultDownloadHost = QStringLiteral("http://www.novell.co
 inline const QString kDefaultSupportHost = QStringLiteral("http://support.novell.com");
 } // namespace stuffkeyText
 
-/// The proxy of the environment (`http_proxy`, as browsers and tools on Linux take it):
-/// host and port, the port empty when the text has no ":".
+/// The system's HTTP proxy (`GetProxy`, from the environment as tools on Linux take it)
+/// as host and port, the port empty when the text has no ":".
 struct ProxySetting {
     QString server;
     QString port;
 };
-ProxySetting GetProxy();
+ProxySetting GetProxyParts();
 /// Splits "host:port"; without ":" the port stays empty.
 ProxySetting splitProxy(const QString& text);
 
