@@ -31,7 +31,7 @@ ProxySetting splitProxy(const QString& text) {
     return {trimmed.left(colon), trimmed.mid(colon + 1)};
 }
 
-ProxySetting GetProxy() {
+ProxySetting stuffkey::GetProxy() {
     QString text = qEnvironmentVariable("http_proxy");
     if (text.isEmpty())
         text = qEnvironmentVariable("HTTP_PROXY");
@@ -74,7 +74,7 @@ void FrmStuffkey::Form_Load() {
                   stuffkeyText::kRemotePath;
     QDir().mkpath(nlmFolder());
     txtLocalFile.text = QDir(nlmFolder()).filePath(QStringLiteral("stufkey5.exe"));
-    const ProxySetting proxy = GetProxy();
+    const ProxySetting proxy = stuffkey::GetProxy();
     chkbProxy.checked = !proxy.server.isEmpty();
     txtbProxyServer.text = proxy.server;
     txtbProxyPort.text = proxy.port;

@@ -45,7 +45,10 @@ struct ProxySetting {
     QString server;
     QString port;
 };
+namespace stuffkey {
+// Its own namespace: the update check has a GetProxy of its own that gives the text.
 ProxySetting GetProxy();
+} // namespace stuffkey
 /// Splits "host:port"; without ":" the port stays empty.
 ProxySetting splitProxy(const QString& text);
 
