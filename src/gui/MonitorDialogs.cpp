@@ -3,10 +3,14 @@
 #include "core/Engine.h"
 #include "core/Mainfrm.h"
 #include "gui/frmRTMOptions.h"
+#include "gui/frmRTMProperties.h"
 #include "gui/frmRealtimeFilter.h"
 #include "monitor/FilterRuleList.h"
 
+#include <QScreen>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace twk::gui {
 
@@ -26,6 +30,11 @@ MonitorDialogs::MonitorDialogs(Engine& engine, const ImageList& images, QWidget*
 
 MonitorDialogs::~MonitorDialogs() {
     engine_.monitor.dialogs = {};
+    delete properties_;
+}
+
+frmRTMProperties* MonitorDialogs::propertiesForm() const {
+    return properties_;
 }
 
 bool MonitorDialogs::command(const QString& name) {
@@ -52,8 +61,18 @@ void MonitorDialogs::showOptions() {
     form.exec();
 }
 
-void MonitorDialogs::showProperties(int) {
-    CommandNotAvailable(engine_);
+void MonitorDialogs::showProperties(int gridRow) {
+    const bool first = properties_ == nullptr;
+    if (first)
+        properties_ = new frmRTMProperties(engine_, images_, main_);
+    if (!properties_->openRow(gridRow) || !first || main_ == nullptr)
+        return;
+    // Beside the main window, where the grid stays in sight, and on its screen.
+    const QRect screen = main_->screen()->availableGeometry();
+    const QRect beside = main_->frameGeometry();
+    const int x =
+        std::min(beside.right() + 8, screen.right() - properties_->frameGeometry().width());
+    properties_->move(std::max(screen.left(), x), std::max(screen.top(), beside.top()));
 }
 
 } // namespace twk::gui

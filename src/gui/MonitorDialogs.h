@@ -5,6 +5,8 @@
 
 #include "gui/CommandGroup.h"
 
+#include <QPointer>
+
 class QWidget;
 
 namespace twk {
@@ -14,6 +16,7 @@ class Engine;
 namespace twk::gui {
 
 class ImageList;
+class frmRTMProperties;
 
 class MonitorDialogs : public CommandGroup {
 public:
@@ -21,6 +24,8 @@ public:
     ~MonitorDialogs() override;
 
     bool command(const QString& name) override;
+    /// The realtime event properties, once opened.
+    frmRTMProperties* propertiesForm() const;
 
 private:
     void showFilterRule(int ruleNumber);
@@ -30,6 +35,7 @@ private:
     Engine& engine_;
     const ImageList& images_;
     QWidget* main_;
+    QPointer<frmRTMProperties> properties_;
 };
 
 } // namespace twk::gui

@@ -37,6 +37,10 @@ frmRTMOptions::frmRTMOptions(Engine& engine, QWidget* parent) : QDialog(parent),
     askFolder = [this](const QString& start) {
         return QFileDialog::getExistingDirectory(this, optionsText::kFolderTitle, start);
     };
+    askWebpage = [this](const QString& start) {
+        return QFileDialog::getSaveFileName(this, optionsText::kWebpageTitle, start,
+                                            QStringLiteral("Webpages (*.html *.htm)"));
+    };
     model_.Form_Load();
     tabs_ = new QTabWidget(this);
     tabs_->addTab(buildServers(), QStringLiteral("Servers"));
@@ -260,10 +264,32 @@ QWidget* frmRTMOptions::buildLogging() {
     g->addWidget(
         button("cmdSaveLocalLogfile", model_.cmdSaveLocalLogfile, &F::cmdSaveLocalLogfile_Click), 2,
         1, Qt::AlignLeft);
-    label(g, "Event forwarding (syslog):", 3, 0);
-    g->addWidget(button("cmdSyslogTest", model_.cmdSyslogTest, &F::cmdSyslogTest_Click), 3, 1,
-                 Qt::AlignLeft);
-    g->setRowStretch(4, 1);
+
+    label(g, "Event forwarding (syslog) server:", 3, 0);
+    g->addWidget(field("txtbSyslogServer", model_.txtbSyslogServer), 3, 1);
+    label(g, "Destination port:", 4, 0);
+    QLineEdit* port = field("txtbDestinationPort", model_.txtbDestinationPort);
+    connect(port, &QLineEdit::textEdited, this, [this, port](const QString& typed) {
+        const QString digits = FrmRTMOptions::filterDigits(typed);
+        model_.txtbDestinationPort.text = digits;
+        if (digits != typed)
+            port->setText(digits);
+    });
+    g->addWidget(port, 4, 1);
+    label(g, "Protocol:", 5, 0);
+    g->addWidget(combo("cbSyslogProtocol", model_.cbSyslogProtocol, &F::cbSyslogProtocol_Click), 5,
+                 1);
+    g->addWidget(check("chkRFCHeader", model_.chkRFCHeader, nullptr), 6, 1);
+    g->addWidget(check("chkCRLF", model_.chkCRLF, nullptr), 7, 1);
+    g->addWidget(check("chkSilentErrors", model_.chkSilentErrors, nullptr), 8, 1);
+    auto* row = new QHBoxLayout;
+    row->addWidget(button("cmdSaveSyslogSettings", model_.cmdSaveSyslogSettings,
+                          &F::cmdSaveSyslogSettings_Click));
+    row->addWidget(button("cmdTestSyslogForwarding", model_.cmdTestSyslogForwarding,
+                          &F::cmdTestSyslogForwarding_Click));
+    row->addStretch();
+    g->addLayout(row, 9, 1);
+    g->setRowStretch(10, 1);
     return w;
 }
 
@@ -283,7 +309,13 @@ QWidget* frmRTMOptions::buildOthers() {
     g->addWidget(check("chkRTMWebsite", model_.chkRTMWebsite, &F::chkRTMWebsite_Click), r++, 0, 1,
                  2);
     label(g, "Webpage path:", r);
-    g->addWidget(field("txtbWebpagePath", model_.txtbWebpagePath), r++, 1);
+    g->addWidget(field("txtbWebpagePath", model_.txtbWebpagePath), r, 1);
+    QPushButton* choose = button("cmdWebpagePath", model_.cmdWebpagePath, nullptr);
+    connect(choose, &QPushButton::clicked, this, [this] {
+        const QString chosen = askWebpage(model_.txtbWebpagePath.text);
+        act([this, chosen] { model_.webpagePathChosen(chosen); });
+    });
+    g->addWidget(choose, r++, 2);
     g->addWidget(check("chkFTPUpload", model_.chkFTPUpload, &F::chkFTPUpload_Click), r++, 0, 1, 2);
     label(g, "FTP server:", r);
     g->addWidget(field("txtbFTPServer", model_.txtbFTPServer), r++, 1);

@@ -28,6 +28,8 @@ public:
     QTabWidget* tabs() const { return tabs_; }
     /// The folder choice of the logfile; the window asks the user, tests answer themselves.
     std::function<QString(const QString& start)> askFolder;
+    /// The file choice of the webpage; the window asks the user, tests answer themselves.
+    std::function<QString(const QString& start)> askWebpage;
 
 private:
     QWidget* buildServers();

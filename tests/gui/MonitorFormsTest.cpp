@@ -5,6 +5,7 @@
 #include "core/settings/IniFile.h"
 #include "gui/GridModel.h"
 #include "gui/frmRTMOptions.h"
+#include "gui/frmRTMProperties.h"
 #include "gui/frmRealtimeFilter.h"
 #include "logs/GridViews.h"
 #include "monitor/MonitorRows.h"
@@ -51,6 +52,15 @@ TEST_F(MonitorWindow, TheMenuStartsAndStopsTheMonitor) {
     SetRowState(*f.engine, 1, kStateFailure);
     EXPECT_EQ(background(1, 3).value<QColor>(), QColor(255, 192, 192));
     EXPECT_FALSE(background(1, 1).isValid()) << "the LED cell keeps the window's colour";
+
+    f.engine->hooks.Grid1_DblClick(1);
+    auto* properties = f.window->findChild<gui::frmRTMProperties*>();
+    ASSERT_NE(properties, nullptr) << "a double click on a row opens its properties";
+    EXPECT_TRUE(properties->isVisible());
+    EXPECT_EQ(properties->label(QStringLiteral("lbServer"))->text(), QStringLiteral("FS1"));
+    EXPECT_EQ(properties->label(QStringLiteral("lbStatus"))->text(), QStringLiteral("FAILURE"));
+    QTest::keyClick(properties, Qt::Key_Escape);
+    EXPECT_FALSE(properties->isVisible());
 
     f.ui.answers.push_back(MsgResult::Yes);
     f.menu("mnuRTM")->trigger();
@@ -110,4 +120,21 @@ TEST_F(MonitorWindow, TheOptionsDialogWritesAtOnce) {
 
     form.findChild<QPushButton*>(QStringLiteral("cmdMailTest"))->click();
     EXPECT_EQ(f.ui.messages.back().text, optionsText::kNotAvailable);
+
+    form.tabs()->setCurrentIndex(3);
+    auto* silent = form.findChild<QCheckBox*>(QStringLiteral("chkSilentErrors"));
+    auto* protocol = form.findChild<QComboBox*>(QStringLiteral("cbSyslogProtocol"));
+    ASSERT_TRUE(silent && protocol);
+    EXPECT_FALSE(silent->isEnabled());
+    protocol->setCurrentIndex(1);
+    Q_EMIT protocol->activated(1);
+    EXPECT_TRUE(silent->isEnabled());
+    QTest::keyClicks(form.findChild<QLineEdit*>(QStringLiteral("txtbSyslogServer")),
+                     QStringLiteral("loghost"));
+    QString tested;
+    f.engine->hooks.showSyslogTestFor = [&](const SyslogTestRequest& fields) {
+        tested = fields.server;
+    };
+    form.findChild<QPushButton*>(QStringLiteral("cmdTestSyslogForwarding"))->click();
+    EXPECT_EQ(tested, QStringLiteral("loghost"));
 }

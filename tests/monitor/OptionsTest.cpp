@@ -2,6 +2,7 @@
 // checks and writes on the settings store.
 
 #include "MonitorFixture.h"
+#include "alerts/MonitorWebpage.h"
 #include "monitor/OptionChecks.h"
 #include "monitor/RTMOptionsForm.h"
 
@@ -209,10 +210,83 @@ TEST_F(Options, LogfileAndTheTestsOfTheAlerts) {
 
     form->cmdMailTest_Click();
     EXPECT_EQ(lastMessage(), optionsText::kNotAvailable);
-    int syslogTests = 0;
+}
+
+TEST_F(Options, EventForwardingIsSavedAndTestedWithTheFieldsAsTheyStand) {
+    EXPECT_EQ(form->txtbDestinationPort.text, QStringLiteral("514"));
+    EXPECT_EQ(form->cbSyslogProtocol.ListIndex, 0);
+    EXPECT_TRUE(form->chkRFCHeader.checked && form->chkCRLF.checked);
+    EXPECT_FALSE(form->chkSilentErrors.checked || form->chkSilentErrors.enabled);
+
+    form->txtbSyslogServer.text = QStringLiteral("127.0.0.1");
+    form->txtbDestinationPort.text = QStringLiteral("1514");
+    form->cbSyslogProtocol.ListIndex = 1;
+    form->cbSyslogProtocol_Click();
+    EXPECT_TRUE(form->chkSilentErrors.enabled);
+    form->chkSilentErrors.checked = true;
+    form->chkCRLF.checked = false;
+    form->cmdSaveSyslogSettings_Click();
+    EXPECT_EQ(lastMessage(),
+              QStringLiteral("Event Forwarding Settings     \r\nsuccessfully saved!"));
+    EXPECT_EQ(form->focus, QStringLiteral("cmdTestSyslogForwarding"));
+    const std::pair<const char*, const char*> saved[] = {{"SyslogServer", "127.0.0.1"},
+                                                         {"DestinationPort", "1514"},
+                                                         {"SyslogProtocol", "1"},
+                                                         {"RFCHeader", "1"},
+                                                         {"addCRLF", "0"},
+                                                         {"SilentErrors", "1"}};
+    for (const auto& [value, expected] : saved)
+        EXPECT_EQ(stored("Event Forwarding", value), QLatin1String(expected)) << value;
+
+    // UDP shows the switch off and disabled; TCP brings back what is stored.
+    FrmRTMOptions again(*f.engine);
+    again.Form_Load();
+    for (const auto& [protocol, checked] : {std::pair{0, false}, {1, true}, {0, false}}) {
+        again.cbSyslogProtocol.ListIndex = protocol;
+        again.cbSyslogProtocol_Click();
+        EXPECT_EQ(again.chkSilentErrors.checked, checked) << protocol;
+        EXPECT_EQ(again.chkSilentErrors.enabled, protocol == 1);
+    }
+
+    // The test opens with the dialog's fields, not the stored ones.
+    form->txtbSyslogServer.text = QStringLiteral("localhost");
+    SyslogTestRequest opened;
+    int storedTests = 0;
     f.engine->hooks.showSyslogTest = [&] {
-        ++syslogTests;
+        ++storedTests;
     };
-    form->cmdSyslogTest_Click();
-    EXPECT_EQ(syslogTests, 1);
+    form->cmdTestSyslogForwarding_Click();
+    EXPECT_EQ(storedTests, 1) << "without the test of the fields, the stored ones";
+    f.engine->hooks.showSyslogTestFor = [&](const SyslogTestRequest& fields) {
+        opened = fields;
+    };
+    form->cmdTestSyslogForwarding_Click();
+    EXPECT_EQ(storedTests, 1);
+    EXPECT_EQ(opened.server, QStringLiteral("localhost"));
+    EXPECT_EQ(opened.port, QStringLiteral("1514"));
+    EXPECT_EQ(opened.protocol, 1);
+    EXPECT_TRUE(opened.silentErrors && opened.rfcHeader && !opened.crlf);
+}
+
+TEST_F(Options, WebpageSettingsReachTheWebpage) {
+    for (const bool on : {true, false}) {
+        form->chkRTMWebsite.checked = on;
+        form->chkRTMWebsite_Click();
+        EXPECT_EQ(form->cmdWebpagePath.enabled, on);
+        EXPECT_EQ(form->chkFTPUpload.enabled, on);
+    }
+    form->chkRTMWebsite.checked = form->chkFTPUpload.checked = true;
+    form->webpagePathChosen(QStringLiteral("/srv/www/rtm.html"));
+    form->webpagePathChosen(QString());
+    form->txtbFTPServer.text = QStringLiteral("127.0.0.1/pub/");
+    form->txtbFTPUserName.text = QStringLiteral("web");
+    form->txtbFTPpassword.text = QStringLiteral("pw");
+    form->cmdMiscSave_Click();
+    EXPECT_EQ(lastMessage(), optionsText::kMiscSaved);
+    const WebpageSettings s = ReadWebpageSettings(f.engine->registry);
+    EXPECT_TRUE(s.RTMWebsite && s.FTPUpload);
+    EXPECT_EQ(s.WebpagePath, QStringLiteral("/srv/www/rtm.html"));
+    EXPECT_EQ(s.FTPServer, QStringLiteral("127.0.0.1/pub/"));
+    EXPECT_EQ(s.FTPUsername, QStringLiteral("web"));
+    EXPECT_EQ(s.FTPpassword, QStringLiteral("pw"));
 }

@@ -130,6 +130,35 @@ bool messageHasDecoding(const QString& message) {
     return namesHook(message) || namesErrorCode(message);
 }
 
+void ShowSourceHelp(Engine& engine, const QString& source) {
+    engine.ui.messageBox(sourceHelpLines(source).join(kCrLf), MsgIcon::Information, MsgButtons::Ok,
+                         QStringLiteral(" Source:  ") + source);
+}
+
+void ShowMessageDecoding(Engine& engine, const QString& message) {
+    UiPort& ui = engine.ui;
+    if (namesHook(message)) {
+        ui.messageBox(fileSystemHookLines().join(kCrLf), MsgIcon::Information, MsgButtons::Ok,
+                      kMessageTitle);
+        return;
+    }
+    if (!namesErrorCode(message))
+        return;
+    const ErrorCodeTable* table = errorCodeTable(engine.paths);
+    if (table == nullptr) {
+        ui.messageBox(errorTableMissingText(), MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
+        return;
+    }
+    const QString written = errorCodeInMessage(message);
+    const std::optional<std::int32_t> code = parseErrorCode(written);
+    const QString description =
+        code ? NWstrerror(*table, *code)
+             : QStringLiteral("The message names no error code that can be read.");
+    ui.messageBox(QStringLiteral("Error Code:  ") + written + kCrLf +
+                      QStringLiteral("Description: ") + description,
+                  MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
+}
+
 FrmEventProperties::FrmEventProperties(Engine& engine) : engine_(engine) {}
 
 bool FrmEventProperties::open(int gridRow) {
@@ -235,33 +264,11 @@ QString FrmEventProperties::cmdCopy_Click() const {
 }
 
 void FrmEventProperties::cmdSourceHelp_Click() {
-    engine_.ui.messageBox(sourceHelpLines(lbSource.text).join(kCrLf), MsgIcon::Information,
-                          MsgButtons::Ok, QStringLiteral(" Source:  ") + lbSource.text);
+    ShowSourceHelp(engine_, lbSource.text);
 }
 
 void FrmEventProperties::cmdFileHook_Click() {
-    const QString& message = lbErrorMessage.text;
-    UiPort& ui = engine_.ui;
-    if (namesHook(message)) {
-        ui.messageBox(fileSystemHookLines().join(kCrLf), MsgIcon::Information, MsgButtons::Ok,
-                      kMessageTitle);
-        return;
-    }
-    if (!namesErrorCode(message))
-        return;
-    const ErrorCodeTable* table = errorCodeTable(engine_.paths);
-    if (table == nullptr) {
-        ui.messageBox(errorTableMissingText(), MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
-        return;
-    }
-    const QString written = errorCodeInMessage(message);
-    const std::optional<std::int32_t> code = parseErrorCode(written);
-    const QString description =
-        code ? NWstrerror(*table, *code)
-             : QStringLiteral("The message names no error code that can be read.");
-    ui.messageBox(QStringLiteral("Error Code:  ") + written + kCrLf +
-                      QStringLiteral("Description: ") + description,
-                  MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
+    ShowMessageDecoding(engine_, lbErrorMessage.text);
 }
 
 QString FrmEventProperties::lbStatus_Click() const {

@@ -26,6 +26,11 @@ const QStringList& fileSystemHookLines();
 QStringList sourceHelpLines(const QString& source);
 /// Does a message name a file system hook or an error code (enables cmdFileHook)?
 bool messageHasDecoding(const QString& message);
+/// The information box that explains a source (cmdSourceHelp).
+void ShowSourceHelp(Engine& engine, const QString& source);
+/// The information box with the file system hook numbers, or with the text of the error
+/// code the message names (cmdFileHook); nothing for a message without either.
+void ShowMessageDecoding(Engine& engine, const QString& message);
 
 class FrmEventProperties {
 public:

@@ -1,5 +1,6 @@
 #include "monitor/RTMOptionsForm.h"
 
+#include "alerts/SyslogForwarding.h"
 #include "core/Engine.h"
 #include "core/Text.h"
 #include "core/settings/SettingsKeys.h"
@@ -46,6 +47,7 @@ FrmRTMOptions::FrmRTMOptions(Engine& engine) : engine_(engine) {
                           QStringLiteral("Category"), QStringLiteral("Event-Icon"),
                           QStringLiteral("Error #"),  QStringLiteral("Error Message")};
     cbSortOrder.items = {QStringLiteral("ascending"), QStringLiteral("descending")};
+    cbSyslogProtocol.items = {QStringLiteral("Syslog UDP"), QStringLiteral("Syslog TCP")};
 }
 
 void FrmRTMOptions::Form_Load() {
@@ -78,6 +80,15 @@ void FrmRTMOptions::Form_Load() {
                                            engine_.paths.inApp(QStringLiteral("RTMLog.txt")));
     txtbPath.text = GetPathOrFileName(logfile, true);
     txtbFileName.text = GetPathOrFileName(logfile, false);
+
+    const SyslogSettings forwarding = ReadSyslogSettings(r);
+    txtbSyslogServer.text = forwarding.server;
+    txtbDestinationPort.text = QString::number(forwarding.port);
+    cbSyslogProtocol.ListIndex = forwarding.UseTCP ? 1 : 0;
+    chkRFCHeader.checked = forwarding.UseRFCHeader;
+    chkCRLF.checked = forwarding.AddCRLF;
+    storedSilentErrors_ = forwarding.UseSilentErrors;
+    cbSyslogProtocol_Click();
 
     const QString misc = key("Misc");
     const auto flag = [&](const char* name) {
@@ -336,8 +347,33 @@ void FrmRTMOptions::cmdMailTest_Click() {
                               kMessageTitle);
 }
 
-void FrmRTMOptions::cmdSyslogTest_Click() {
-    if (engine_.hooks.showSyslogTest)
+void FrmRTMOptions::cbSyslogProtocol_Click() {
+    const bool tcp = cbSyslogProtocol.ListIndex == 1;
+    chkSilentErrors.enabled = tcp;
+    chkSilentErrors.checked = tcp && storedSilentErrors_;
+}
+
+SyslogTestRequest FrmRTMOptions::syslogFields() const {
+    SyslogTestRequest fields;
+    fields.server = txtbSyslogServer.text;
+    fields.port = txtbDestinationPort.text;
+    fields.protocol = cbSyslogProtocol.ListIndex == 1 ? 1 : 0;
+    fields.rfcHeader = chkRFCHeader.checked;
+    fields.crlf = chkCRLF.checked;
+    fields.silentErrors = chkSilentErrors.checked;
+    return fields;
+}
+
+void FrmRTMOptions::cmdSaveSyslogSettings_Click() {
+    SaveSyslogSettings(engine_, syslogFields());
+    storedSilentErrors_ = chkSilentErrors.checked;
+    focus = QStringLiteral("cmdTestSyslogForwarding");
+}
+
+void FrmRTMOptions::cmdTestSyslogForwarding_Click() {
+    if (engine_.hooks.showSyslogTestFor)
+        engine_.hooks.showSyslogTestFor(syslogFields());
+    else if (engine_.hooks.showSyslogTest)
         engine_.hooks.showSyslogTest();
     else
         engine_.ui.messageBox(optionsText::kNotAvailable, MsgIcon::Information, MsgButtons::Ok,
@@ -375,8 +411,13 @@ void FrmRTMOptions::chkHeartbeatNotification_Click() {
 }
 
 void FrmRTMOptions::chkRTMWebsite_Click() {
-    txtbWebpagePath.enabled = chkFTPUpload.enabled = chkRTMWebsite.checked;
+    txtbWebpagePath.enabled = cmdWebpagePath.enabled = chkFTPUpload.enabled = chkRTMWebsite.checked;
     chkFTPUpload_Click();
+}
+
+void FrmRTMOptions::webpagePathChosen(const QString& path) {
+    if (!path.isEmpty())
+        txtbWebpagePath.text = path;
 }
 
 void FrmRTMOptions::chkFTPUpload_Click() {

@@ -3,6 +3,7 @@
 // rules, alerting, logging, others), every control as data, the handlers as functions.
 // Each add, remove and save writes the settings store at once; nothing is staged.
 
+#include "core/EngineHooks.h"
 #include "core/FormControls.h"
 #include "core/MainView.h"
 
@@ -43,6 +44,7 @@ inline const QString kNeedSmtp =
     QStringLiteral("You need to configure the E-Mail SMTP Settings       \r\n"
                    "(Alerting Tab) to get the Heartbeat Notification\r\nto work!");
 inline const QString kFolderTitle = QStringLiteral("Select a logfile directory...");
+inline const QString kWebpageTitle = QStringLiteral("Select the realtime monitoring webpage...");
 inline const QString kSecretToolTip = QStringLiteral(" secret password ");
 inline const QString kNotAvailable =
     QStringLiteral("This test is not available in this version of Tarnwick.     ");
@@ -70,19 +72,26 @@ public:
     ButtonState cmdAddComputer{QStringLiteral("add")}, cmdRemoveComputer{QStringLiteral("remove")},
         cmdSaveEMail{QStringLiteral("save")}, cmdAddEMail{QStringLiteral("add")},
         cmdRemoveEMail{QStringLiteral("remove")}, cmdMailTest{QStringLiteral("test")};
-    // Logging.
+    // Logging: local logfile and event forwarding.
     TextBoxState txtbPath, txtbFileName;
-    ButtonState cmdFolder{QStringLiteral("...")}, cmdSaveLocalLogfile{QStringLiteral("save")},
-        cmdSyslogTest{QStringLiteral("test")};
+    ButtonState cmdFolder{QStringLiteral("...")}, cmdSaveLocalLogfile{QStringLiteral("save")};
+    TextBoxState txtbSyslogServer, txtbDestinationPort;
+    ListState cbSyslogProtocol;
+    CheckBoxState chkRFCHeader{QStringLiteral("RFC compliant header")};
+    CheckBoxState chkCRLF{QStringLiteral("add CR LF")};
+    CheckBoxState chkSilentErrors{QStringLiteral("silent errors")};
+    ButtonState cmdSaveSyslogSettings{QStringLiteral("save")},
+        cmdTestSyslogForwarding{QStringLiteral("test")};
     // Others.
     CheckBoxState chkHeartbeatNotification{QStringLiteral("heartbeat notification"), false};
     CheckBoxState chkStatusSurvey{QStringLiteral("status survey"), false};
-    CheckBoxState chkRTMWebsite{QStringLiteral("realtime monitoring webpage"), false};
+    CheckBoxState chkRTMWebsite{
+        QStringLiteral("dynamically create and update a realtime &monitoring webpage"), false};
     CheckBoxState chkFTPUpload{QStringLiteral("FTP upload"), false};
     TextBoxState txtbHeartbeatInterval, txtbNotificationRecipients, txtbWebpagePath, txtbFTPServer,
         txtbFTPUserName, txtbFTPpassword;
     ListState cbSortColumn, cbSortOrder;
-    ButtonState cmdMiscSave{QStringLiteral("save")};
+    ButtonState cmdWebpagePath{QStringLiteral("...")}, cmdMiscSave{QStringLiteral("save")};
     /// Tool tips of the text fields by control name (the e-mail fields show their value).
     QMap<QString, QString> toolTips;
     QString focus;       ///< the control that gets the focus after a handler
@@ -122,7 +131,12 @@ public:
     void cmdAddEMail_Click();
     void cmdRemoveEMail_Click();
     void cmdMailTest_Click();
-    void cmdSyslogTest_Click();
+
+    /// UDP shows the silent errors off and disabled; TCP brings back the stored value.
+    void cbSyslogProtocol_Click();
+    void cmdSaveSyslogSettings_Click();
+    /// Opens the syslog test with the fields as they stand in the dialog.
+    void cmdTestSyslogForwarding_Click();
 
     /// A folder was chosen for the logfile (empty: cancelled).
     void folderChosen(const QString& folder);
@@ -131,14 +145,18 @@ public:
     void chkHeartbeatNotification_Click();
     void chkRTMWebsite_Click();
     void chkFTPUpload_Click();
+    /// A page was chosen for the webpage (empty: cancelled).
+    void webpagePathChosen(const QString& path);
     void cbSortColumn_Click();
     void cmdMiscSave_Click();
 
 private:
     void updateMailToolTips();
     void warn(const QString& text, const QString& field);
+    SyslogTestRequest syslogFields() const;
 
     Engine& engine_;
+    bool storedSilentErrors_ = false;
 };
 
 } // namespace twk
