@@ -216,4 +216,37 @@ private:
     std::unique_ptr<Receiver> receiver_;
 };
 
+/// A session bus of its own: dbus-daemon on a socket in a temporary folder.
+class PrivateBus {
+public:
+    PrivateBus() {
+        if (!missingReceiver(QStringLiteral("dbus-daemon")).isEmpty())
+            return;
+        const QString config = folder_.path() + QStringLiteral("/bus.conf");
+        QFile f(config);
+        f.open(QIODevice::WriteOnly);
+        f.write(QStringLiteral(
+                    "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration "
+                    "1.0//EN\" "
+                    "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+                    "<busconfig><type>session</type><listen>unix:path=%1/bus</listen>"
+                    "<auth>EXTERNAL</auth><policy context=\"default\">"
+                    "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
+                    "<allow own=\"*\"/></policy></busconfig>\n")
+                    .arg(folder_.path())
+                    .toUtf8());
+        f.close();
+        daemon_ = std::make_unique<Receiver>(QStringLiteral("dbus-daemon"),
+                                             QStringList{QStringLiteral("--config-file=") + config,
+                                                         QStringLiteral("--nofork"),
+                                                         QStringLiteral("--print-address=1")});
+        address = QString::fromUtf8(daemon_->firstLine());
+    }
+    QString address;
+
+private:
+    QTemporaryDir folder_;
+    std::unique_ptr<Receiver> daemon_;
+};
+
 } // namespace twk::test

@@ -6,6 +6,8 @@
 #include "core/Text.h"
 #include "core/settings/SettingsKeys.h"
 
+#include <QScopeGuard>
+
 namespace twk {
 
 namespace {
@@ -112,6 +114,10 @@ void Heartbeat::LongTimer2_Timer() {
         engine_.HeartbeatPending = true;
         return;
     }
+    // The mail lets the event loop run: a poll tick meanwhile is passed over, as during
+    // a cycle, rather than running a cycle inside the send.
+    engine_.MonitorBusy = true;
+    const auto idle = qScopeGuard([this] { engine_.MonitorBusy = false; });
     SendHeartbeat();
 }
 

@@ -54,7 +54,9 @@ void MonitorAlerts::RunAlertOptions(int ruleNumber, int gridRow) {
                             standardErrorText(errnum::SubscriptOutOfRange));
         return;
     }
-    // A copy: an action that lets the window run may see the rules change meanwhile.
+    // Copies: an action that lets the window run (a mail, the wait for a new event
+    // source) may see the rules change or the monitor stop and its grid go meanwhile;
+    // the later actions still report the event that matched.
     const FilterRule rule = engine_.monitor.FilterRules[static_cast<std::size_t>(ruleNumber - 1)];
     const MonitorRowEvent event = ReadMonitorRow(engine_.Grid1, gridRow);
     const AlertTexts texts = BuildAlertTexts(event);
@@ -86,7 +88,7 @@ void MonitorAlerts::RunAlertOptions(int ruleNumber, int gridRow) {
     });
     withErrorTail(capture, kRunAlertOptions, [&] {
         if (rule.LocalLogfile == 1)
-            WriteRTMLogfile(engine_, gridRow);
+            WriteRTMLogfile(engine_, event);
     });
     withErrorTail(capture, kRunAlertOptions, [&] {
         if (rule.NTEventLog != 1)
@@ -96,7 +98,10 @@ void MonitorAlerts::RunAlertOptions(int ruleNumber, int gridRow) {
     });
     withErrorTail(capture, kRunAlertOptions, [&] {
         if (syslog_.SyslogLibraryPresent && rule.SyslogPriority != -1 && !syslog_.server.isEmpty())
-            ForwardToSyslog(engine_, klog_, syslog_, rule.SyslogPriority, gridRow);
+            SendSyslogMessage(engine_, klog_, syslog_.server, syslog_.port, rule.SyslogPriority,
+                              syslog_.UseRFCHeader, QStringLiteral("TWK"),
+                              SyslogMessage(event, syslog_.AddCRLF), syslog_.UseSilentErrors,
+                              syslog_.UseTCP);
     });
 }
 

@@ -41,8 +41,12 @@ QString RtmLogPath(Engine& engine) {
 }
 
 void WriteRTMLogfile(Engine& engine, int gridRow) {
+    WriteRTMLogfile(engine, ReadMonitorRow(engine.Grid1, gridRow));
+}
+
+void WriteRTMLogfile(Engine& engine, const MonitorRowEvent& event) {
     const QString path = RtmLogPath(engine);
-    const QByteArray record = RtmLogRecord(ReadMonitorRow(engine.Grid1, gridRow)).toUtf8();
+    const QByteArray record = RtmLogRecord(event).toUtf8();
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
         throw RunTimeError(errnum::PathNotFound, "Path not found: " + path.toStdString() + " (" +

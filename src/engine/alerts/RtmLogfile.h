@@ -19,5 +19,7 @@ QString RtmLogPath(Engine& engine);
 /// Appends the record of monitor row `gridRow`; a file that cannot be written raises a
 /// run-time error for the error capture.
 void WriteRTMLogfile(Engine& engine, int gridRow);
+/// The same for an event read from its row before: the row may be gone by now.
+void WriteRTMLogfile(Engine& engine, const MonitorRowEvent& event);
 
 } // namespace twk

@@ -124,6 +124,7 @@ void ReadFilterRules(Engine& engine) {
 }
 
 void CheckRealtimeStatus(Engine& engine, int gridRow) {
+    const std::uint64_t run = engine.monitor.run;
     withErrorTail(engine.errors, "modRealTimeMonitor.CheckRealtimeStatus(iGridRow)", [&] {
         Grid& g = engine.Grid1;
         if (gridRow < 1 || gridRow > g.Rows() || g.Cols() < kMessageColumn)
@@ -155,6 +156,10 @@ void CheckRealtimeStatus(Engine& engine, int gridRow) {
                     continue;
                 SetRowState(engine, gridRow, pass);
                 engine.alerts->RunAlertOptions(rule.RuleNumber, gridRow);
+                // The monitor was stopped or restarted while an alert waited: the row
+                // belongs to a grid that is gone.
+                if (engine.monitor.run != run)
+                    return;
             }
         }
     });

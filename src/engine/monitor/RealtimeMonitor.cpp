@@ -208,6 +208,9 @@ void mnuRTM_Click(Engine& engine) {
 
 void StartMonitoring(Engine& engine) {
     const std::uint64_t run = engine.monitor.run;
+    // The first pass counts as a cycle: its alerts and the start mail let the event loop
+    // run, and a tick of LongTimer1 meanwhile must not start a poll cycle inside it.
+    engine.MonitorBusy = true;
     withErrorTail(engine.errors, "modRealTimeMonitor.StartMonitoring()", [&] {
         MonitorState& m = engine.monitor;
         MainView& v = engine.view;
@@ -267,9 +270,13 @@ void StartMonitoring(Engine& engine) {
         startTimer(engine);
         engine.alerts->MonitorStarted();
         v.changed();
-        if (sameRun(engine, run))
+        if (sameRun(engine, run)) {
+            engine.MonitorBusy = false;
             cycleDone(engine, 0);
+        }
     });
+    if (sameRun(engine, run))
+        engine.MonitorBusy = false; // also after an early end of the pass
 }
 
 void LongTimer1_Timer(Engine& engine) {
@@ -303,6 +310,8 @@ void LongTimer1_Timer(Engine& engine) {
             if (!sameRun(engine, run))
                 return;
             CheckRealtimeStatus(engine, row);
+            if (!sameRun(engine, run))
+                return; // the monitor ended while an alert waited
         }
         ApplyAutomaticSort(engine);
         writeTimestamp(engine);
