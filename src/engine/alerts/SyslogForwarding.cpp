@@ -14,7 +14,6 @@ namespace {
 constexpr int kMessageLength = 900;
 constexpr int kErrorBufferLength = 202;
 constexpr int kErrorTextLength = 200;
-const QString kProcessName = QStringLiteral("TWK");
 
 } // namespace
 
@@ -112,15 +111,6 @@ SyslogSendResult SendSyslogMessage(Engine& engine, KLog& klog, const QString& se
     }
     klog.KLogUninitialise(handle);
     return result;
-}
-
-SyslogSendResult ForwardToSyslog(Engine& engine, KLog& klog, const SyslogSettings& settings,
-                                 int syslogPriority, int gridRow) {
-    const MonitorRowEvent event = ReadMonitorRow(engine.Grid1, gridRow);
-    return SendSyslogMessage(engine, klog, settings.server, settings.port, syslogPriority,
-                             settings.UseRFCHeader, kProcessName,
-                             SyslogMessage(event, settings.AddCRLF), settings.UseSilentErrors,
-                             settings.UseTCP);
 }
 
 } // namespace twk

@@ -56,8 +56,4 @@ SyslogSendResult SendSyslogMessage(Engine& engine, KLog& klog, const QString& se
                                    int priority, bool rfcHeader, const QString& processName,
                                    const QString& message, bool silentErrors, bool tcp);
 
-/// Forwards the event of monitor row `gridRow` with the rule's priority.
-SyslogSendResult ForwardToSyslog(Engine& engine, KLog& klog, const SyslogSettings& settings,
-                                 int syslogPriority, int gridRow);
-
 } // namespace twk
