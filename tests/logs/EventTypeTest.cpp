@@ -59,16 +59,20 @@ TEST(LogsEventType, PhrasesOfBothLanguages) {
 TEST(LogsEventType, ManyMessagesAtOnceGiveTheTypesOfOneByOne) {
     // Messages of very different lengths, so that the scans of several messages end at
     // different places and hand over to the next message in the middle of others.
+    std::string longMount = "Volume SYS was mounted. ";
+    longMount.append(300, 'v').append(" audit");
+    std::string longAudit(70, 'a');
+    longAudit.append("udit");
     const std::vector<std::string> english = {
         "Established communication with server FS2.",
         "",
         "x",
-        "Volume SYS was mounted. " + std::string(300, 'v') + " audit",
+        longMount,
         "TIME SYNCHRONIZATION HAS BEEN ESTABLISHED.",
         "Router configuration error",
         "Service 1234 deregistered as an NCP service address",
         "Unable to communicate with server FS2. Time Synchronization has been lost",
-        std::string(70, 'a') + "udit",
+        longAudit,
         "Bindery close after Synthetic time on partition"};
     std::vector<std::string> messages;
     for (int round = 0; round < 23; ++round) // more than one chunk, not a multiple of four
