@@ -87,7 +87,7 @@ frmOpenFile::frmOpenFile(std::unique_ptr<OpenFileDialogModel> model, const Image
     cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));
     cmdOpen_->setDefault(true);
     cmdCancel_->setAutoDefault(false);
-    connect(cmdOpen_, &QPushButton::clicked, this, &frmOpenFile::open);
+    connect(cmdOpen_, &QPushButton::clicked, this, &frmOpenFile::cmdOpen_Click);
     connect(cmdCancel_, &QPushButton::clicked, this, &frmOpenFile::reject);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(progressBar_, 1);
@@ -116,7 +116,7 @@ void frmOpenFile::showProgress() {
         progressBar_->setValue(model_->ProgressBar1);
 }
 
-void frmOpenFile::open() {
+void frmOpenFile::cmdOpen_Click() {
     if (running_)
         return;
     running_ = true;

@@ -40,7 +40,7 @@ public:
 
 protected:
 private:
-    void open();
+    void cmdOpen_Click();
     void showProgress();
 
     std::unique_ptr<OpenFileDialogModel> model_;
