@@ -34,8 +34,12 @@ public:
         }
     }
     ~LocalHttpServer() {
-        server_.kill();
-        server_.waitForFinished(2000);
+        // SIGTERM, which timeout passes on to the server; a SIGKILL would orphan it.
+        server_.terminate();
+        if (!server_.waitForFinished(2000)) {
+            server_.kill();
+            server_.waitForFinished(2000);
+        }
     }
     QString base() const { return QStringLiteral("http://127.0.0.1:%1").arg(port_); }
     int port() const { return port_; }
