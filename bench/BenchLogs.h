@@ -11,9 +11,36 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace twk::bench {
+
+/// The floor the readers are measured against: the line feeds of a file, read in 1 MiB
+/// blocks, as `wc -l` counts them.
+inline std::int64_t countLineFeeds(const QByteArray& localPath) {
+    std::vector<char> block(std::size_t{1} << 20);
+    std::int64_t lines = 0;
+    const int fd = ::open(localPath.constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return 0;
+    ssize_t got;
+    while ((got = ::read(fd, block.data(), block.size())) > 0) {
+        const char* p = block.data();
+        const char* end = p + got;
+        while ((p = static_cast<const char*>(std::memchr(p, '\n', end - p))) != nullptr) {
+            ++lines;
+            ++p;
+        }
+    }
+    ::close(fd);
+    return lines;
+}
 
 /// A short fingerprint of what the writer makes today from `sample`, for file names: a
 /// changed writer then does not reuse an old file.

@@ -15,6 +15,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using twk::bench::countLineFeeds;
 using twk::bench::QuietEngine;
 
 namespace {
@@ -147,21 +148,9 @@ void repairRules(benchmark::State& state) {
 // The floor: reading the file in 1 MiB blocks and counting line feeds, as `wc -l` does.
 void countLines(benchmark::State& state, QString (*file)()) {
     const QByteArray local = file().toLocal8Bit();
-    std::vector<char> block(std::size_t{1} << 20);
     std::int64_t lines = 0;
     for (auto _ : state) {
-        lines = 0;
-        const int fd = ::open(local.constData(), O_RDONLY | O_CLOEXEC);
-        ssize_t got;
-        while ((got = ::read(fd, block.data(), block.size())) > 0) {
-            const char* p = block.data();
-            const char* end = p + got;
-            while ((p = static_cast<const char*>(std::memchr(p, '\n', end - p))) != nullptr) {
-                ++lines;
-                ++p;
-            }
-        }
-        ::close(fd);
+        lines = countLineFeeds(local);
         benchmark::DoNotOptimize(lines);
     }
     setThroughput(state, file());

@@ -65,6 +65,7 @@ QString cachedLog(LogLanguage language, int megabytes) {
                                     logOptions(language, megabytes));
 }
 
+using twk::bench::countLineFeeds;
 using twk::bench::QuietEngine;
 
 // Peak resident memory (bytes) of a child process that runs `work` and exits.
@@ -163,21 +164,9 @@ void countLines(benchmark::State& state, LogLanguage language, int megabytes) {
     if (!openLog(state, language, megabytes, log))
         return;
     const QByteArray local = log.path.toLocal8Bit();
-    std::vector<char> block(std::size_t{1} << 20);
     std::int64_t lines = 0;
     for (auto _ : state) {
-        lines = 0;
-        const int fd = ::open(local.constData(), O_RDONLY | O_CLOEXEC);
-        ssize_t got;
-        while ((got = ::read(fd, block.data(), block.size())) > 0) {
-            const char* p = block.data();
-            const char* end = p + got;
-            while ((p = static_cast<const char*>(std::memchr(p, '\n', end - p))) != nullptr) {
-                ++lines;
-                ++p;
-            }
-        }
-        ::close(fd);
+        lines = countLineFeeds(local);
         benchmark::DoNotOptimize(lines);
     }
     setThroughput(state, log);

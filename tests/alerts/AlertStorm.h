@@ -17,10 +17,10 @@ public:
         alerts = InstallMonitorAlerts(a.engine);
         alerts->setMailTransport(mail);
         for (int row = 1; row <= kServers; ++row) {
-            RowSpec spec;
-            spec.server = QStringLiteral("SRV%1").arg(row, 3, 10, QLatin1Char('0'));
-            spec.message = QStringLiteral("Event of server %1").arg(row);
-            a.setRow(row, spec);
+            RowSpec cells;
+            cells.server = QStringLiteral("SRV%1").arg(row, 3, 10, QLatin1Char('0'));
+            cells.message = QStringLiteral("Event of server %1").arg(row);
+            a.setRow(row, cells);
         }
         FilterRule& everything = a.rule(1);
         everything.EMail = 1;
