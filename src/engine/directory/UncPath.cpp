@@ -84,11 +84,19 @@ std::optional<QString> mapUncPath(const QString& networkFolder, const QString& u
         wanted << path->volume;
     wanted << path->parts;
 
-    QString local = QDir(networkFolder).filePath(QStringLiteral("servers"));
-    bool matching = QFileInfo(local).isDir();
-    for (const QString& component : wanted) {
+    for (const QString& component : wanted)
         if (component == QStringLiteral(".") || component == QStringLiteral(".."))
             return std::nullopt; // a path must not leave the network folder
+
+    QString local = QDir(networkFolder).filePath(QStringLiteral("servers"));
+    // Where the path exists spelled as asked, the walk below would find each component by
+    // its exact name first and so come to the same path: one look-up instead of two a
+    // component (the monitor asks for a hundred logs' sizes each cycle).
+    const QString exact = local + u'/' + wanted.join(u'/');
+    if (QFileInfo::exists(exact))
+        return exact;
+    bool matching = QFileInfo(local).isDir();
+    for (const QString& component : wanted) {
         QString name = component;
         if (matching) {
             const QString found = findEntryCaseBlind(local, component);

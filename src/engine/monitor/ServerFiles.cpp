@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+#include <optional>
+
 namespace twk {
 
 namespace {
@@ -43,25 +45,37 @@ QString serverLogUnc(const QString& serverName) {
     return QStringLiteral("\\\\") + serverName + QStringLiteral("\\SYS\\SYSTEM\\SYS$LOG.ERR");
 }
 
-QString readableServerLog(Engine& engine, const QString& serverName) {
+namespace {
+
+// The server's log as a local file, or nothing when it cannot be read.
+std::optional<QFileInfo> readableServerLogInfo(Engine& engine, const QString& serverName) {
     const QString unc = serverLogUnc(serverName);
     if (unc.isEmpty() || engine.network == nullptr)
-        return {};
+        return std::nullopt;
     FileAccessPort& files = engine.network->files();
     if (files.accessError(unc) != 0)
-        return {};
-    const QString local = files.localPath(unc);
-    return QFileInfo(local).isFile() ? local : QString();
+        return std::nullopt;
+    QFileInfo info(files.localPath(unc));
+    if (!info.isFile())
+        return std::nullopt;
+    return info;
+}
+
+} // namespace
+
+QString readableServerLog(Engine& engine, const QString& serverName) {
+    const auto info = readableServerLogInfo(engine, serverName);
+    return info ? info->filePath() : QString();
 }
 
 std::int32_t GetServerFileSize(Engine& engine, const QString& serverName, int index) {
     statusBar(engine, QStringLiteral("Getting the SYS$LOG.ERR file size of Server ") + serverName +
                           QStringLiteral("..."));
-    const QString local = readableServerLog(engine, serverName);
+    const auto info = readableServerLogInfo(engine, serverName);
     // The table keeps 32 bits of the size: enough to see that it changed.
-    const auto size = local.isEmpty() ? std::int32_t{0}
-                                      : static_cast<std::int32_t>(static_cast<std::uint32_t>(
-                                            static_cast<std::uint64_t>(QFileInfo(local).size())));
+    const auto size = !info ? std::int32_t{0}
+                            : static_cast<std::int32_t>(static_cast<std::uint32_t>(
+                                  static_cast<std::uint64_t>(info->size())));
     if (size == 0)
         if (MonitoredServer* server = record(engine, index))
             server->Language = kEnglish;
