@@ -1,5 +1,5 @@
-#include "core/DebugTrace.h"
 #include "core/ErrorCapture.h"
+#include "core/DebugTrace.h"
 
 #include "TestSupport.h"
 
@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <vector>
 
 using namespace twk;
 
@@ -44,11 +45,12 @@ TEST(CoreErrorCapture, FailuresAreAppendedAndCounted) {
     test::TempTree tree;
     ErrorCapture capture(tree.paths());
     int seen = 0;
-    capture.onError = [&](const ErrorContext&) { ++seen; };
+    capture.onError = [&](const ErrorContext&) {
+        ++seen;
+    };
     EXPECT_TRUE(withErrorTail(capture, "modA.fnB(x)", [] {}));
-    EXPECT_FALSE(withErrorTail(capture, "modA.fnB(x)", [] {
-        throw RunTimeError(errnum::FileNotFound, "File not found");
-    }));
+    EXPECT_FALSE(withErrorTail(capture, "modA.fnB(x)",
+                               [] { throw RunTimeError(errnum::FileNotFound, "File not found"); }));
     EXPECT_FALSE(withErrorTail(capture, "modA.fnC()", [] { throw std::runtime_error("boom"); }));
     EXPECT_EQ(capture.count(), 2);
     EXPECT_EQ(seen, 2);
@@ -75,9 +77,91 @@ TEST(CoreDebugTrace, HeaderBlockAndEventLines) {
     const QString text = QString::fromUtf8(tree.read("app/debug.txt"));
     const QString u(21, QLatin1Char('_'));
     const QString b(21, QLatin1Char(' '));
-    const QRegularExpression expected(QStringLiteral(
-        "^%1\r\n%2\r\n\\d\\d:\\d\\d:\\d\\d\r\n%1\r\n%2\r\ncbServer: FS1\r\n \r\n"
-        "\\d\\d:\\d\\d:\\d\\d - GetServerConnectionHandle\r\nplain\r\n$")
-                                          .arg(u, b));
+    const QRegularExpression expected(
+        QStringLiteral("^%1\r\n%2\r\n\\d\\d:\\d\\d:\\d\\d\r\n%1\r\n%2\r\ncbServer: FS1\r\n \r\n"
+                       "\\d\\d:\\d\\d:\\d\\d - GetServerConnectionHandle\r\nplain\r\n$")
+            .arg(u, b));
     EXPECT_TRUE(expected.match(text).hasMatch()) << text.toStdString();
+}
+
+// Step mode: the answers given in turn, what the traps then did.
+struct StepCase {
+    const char* name;
+    std::vector<MsgResult> answers;
+    bool nested;         // the failing routine is called inside another trapped routine
+    int runsOfFailing;   // how often the failing routine ran
+    int reported;        // failures written to error.txt
+    bool outerSucceeded; // the calling routine's trap returned true
+    QString modeAfter;
+};
+
+class CoreErrorCaptureStepMode : public testing::TestWithParam<StepCase> {};
+
+TEST_P(CoreErrorCaptureStepMode, AnswersDecideRetryPassOnOrReport) {
+    const StepCase& c = GetParam();
+    test::TempTree tree;
+    ErrorCapture capture(tree.paths());
+    capture.StopMode = ErrorCapture::kStoppedOnError;
+    std::size_t asked = 0;
+    QString firstText;
+    capture.askStepMode = [&](const QString& text) {
+        if (asked == 0)
+            firstText = text;
+        return asked < c.answers.size() ? c.answers[asked++] : MsgResult::Yes;
+    };
+    int runs = 0;
+    auto failing = [&] {
+        ++runs;
+        if (runs <= static_cast<int>(c.answers.size()) && runs < 3)
+            throw RunTimeError(errnum::FileNotFound, "File not found");
+    };
+    bool outer = true;
+    if (c.nested)
+        outer = withErrorTail(capture, "modA.outer()",
+                              [&] { withErrorTail(capture, "modA.inner()", failing); });
+    else
+        withErrorTail(capture, "modA.inner()", failing);
+    EXPECT_EQ(runs, c.runsOfFailing);
+    EXPECT_EQ(capture.count(), c.reported);
+    EXPECT_EQ(outer, c.outerSucceeded);
+    EXPECT_EQ(capture.StopMode, c.modeAfter);
+    EXPECT_TRUE(firstText.startsWith(QStringLiteral("Error: File not found \r\n")));
+    EXPECT_TRUE(firstText.endsWith(
+        QStringLiteral("Description: File not found\r\n\r\nDo you want to retry the operation in "
+                       "step mode?\r\nClick YES to retry, NO to move to the caller, CANCEL for "
+                       "no more stops")));
+}
+
+const QString kStop = ErrorCapture::kStoppedOnError;
+const QString kNo = ErrorCapture::kNoStop;
+INSTANTIATE_TEST_SUITE_P(
+    Answers, CoreErrorCaptureStepMode,
+    testing::Values(
+        StepCase{"YesRunsTheRoutineAgain", {MsgResult::Yes}, false, 2, 0, true, kStop},
+        StepCase{"NoWithoutCallerReports", {MsgResult::No}, false, 1, 1, true, kStop},
+        StepCase{
+            "NoPassesToTheCallersTrap", {MsgResult::No, MsgResult::No}, true, 1, 1, false, kStop},
+        StepCase{"CancelStopsAsking", {MsgResult::Cancel}, true, 1, 1, true, kNo}),
+    [](const testing::TestParamInfo<StepCase>& info) { return std::string(info.param.name); });
+
+TEST(CoreErrorCapture, StepModeRetriesAreBoundedAndOffByDefault) {
+    test::TempTree tree;
+    ErrorCapture capture(tree.paths());
+    int asked = 0;
+    capture.askStepMode = [&](const QString&) {
+        ++asked;
+        return MsgResult::Yes;
+    };
+    int runs = 0;
+    auto alwaysFails = [&] {
+        ++runs;
+        throw std::runtime_error("boom");
+    };
+    EXPECT_FALSE(withErrorTail(capture, "modA.fnB()", alwaysFails));
+    EXPECT_EQ(asked, 0); // a release does not stop
+    capture.StopMode = ErrorCapture::kStoppedOnError;
+    runs = 0;
+    EXPECT_FALSE(withErrorTail(capture, "modA.fnB()", alwaysFails));
+    EXPECT_EQ(runs, ErrorCapture::kMaxStepRetries + 1);
+    EXPECT_EQ(capture.count(), 2);
 }

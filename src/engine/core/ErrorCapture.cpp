@@ -41,7 +41,9 @@ QString standardErrorText(std::int32_t number) {
 
 ErrorCapture::ErrorCapture(AppPaths paths) : paths_(std::move(paths)) {}
 
-QString ErrorCapture::errorFile() const { return paths_.inApp(QStringLiteral("error.txt")); }
+QString ErrorCapture::errorFile() const {
+    return paths_.inApp(QStringLiteral("error.txt"));
+}
 
 QString ErrorCapture::FormatError(const ErrorContext& c) {
     const QString nl = QStringLiteral("\r\n");
@@ -93,14 +95,55 @@ void ErrorCapture::HandleError(const QString& methodName, std::int32_t number,
         onError(c);
 }
 
-void ErrorCapture::HandleException(const QString& methodName, const std::exception& error) {
-    if (const auto* rt = dynamic_cast<const RunTimeError*>(&error)) {
-        HandleError(methodName, rt->number(), QString::fromStdString(rt->description()),
-                    QString::fromStdString(rt->source()));
-    } else if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
-        HandleError(methodName, errnum::OutOfMemory, standardErrorText(errnum::OutOfMemory));
+ErrorContext ErrorCapture::contextOf(const QString& methodName, const std::exception* error) const {
+    ErrorContext c;
+    c.methodName = methodName;
+    c.source = QStringLiteral("Tarnwick");
+    c.number = errnum::InvalidCall;
+    if (error == nullptr) {
+        c.description = QStringLiteral("Unknown failure");
+    } else if (const auto* rt = dynamic_cast<const RunTimeError*>(error)) {
+        c.number = rt->number();
+        c.description = QString::fromStdString(rt->description());
+        c.source = QString::fromStdString(rt->source());
+    } else if (dynamic_cast<const std::bad_alloc*>(error) != nullptr) {
+        c.number = errnum::OutOfMemory;
+        c.description = standardErrorText(errnum::OutOfMemory);
     } else {
-        HandleError(methodName, errnum::InvalidCall, QString::fromUtf8(error.what()));
+        c.description = QString::fromUtf8(error->what());
+    }
+    return c;
+}
+
+void ErrorCapture::HandleException(const QString& methodName, const std::exception& error) {
+    const ErrorContext c = contextOf(methodName, &error);
+    HandleError(methodName, c.number, c.description, c.source);
+}
+
+QString ErrorCapture::StepModeText(const QString& errorText) {
+    return QStringLiteral("Error: ") + errorText + QStringLiteral("\r\n") +
+           QStringLiteral("Do you want to retry the operation in step mode?") +
+           QStringLiteral("\r\n") +
+           QStringLiteral("Click YES to retry, NO to move to the caller, CANCEL for no more stops");
+}
+
+StepAnswer ErrorCapture::StopOnError(const QString& methodName, const std::exception* error,
+                                     int retries, bool outermost) {
+    if (StopMode != kStoppedOnError || !askStepMode || retries >= kMaxStepRetries)
+        return StepAnswer::Report;
+    ErrorContext c = contextOf(methodName, error);
+    c.computer = QSysInfo::machineHostName();
+    c.time = QDateTime::currentDateTime();
+    c.version = versionText();
+    switch (askStepMode(StepModeText(FormatError(c)))) {
+    case MsgResult::Yes:
+        return StepAnswer::Retry;
+    case MsgResult::No:
+        // The outermost routine has no caller with a trap: its own trap reports.
+        return outermost ? StepAnswer::Report : StepAnswer::ToCaller;
+    default:
+        StopMode = kNoStop;
+        return StepAnswer::Report;
     }
 }
 

@@ -3,6 +3,7 @@
 // its parameter names, to one capture that appends a formatted text to error.txt.
 
 #include "core/AppPaths.h"
+#include "core/UiPort.h"
 
 #include <QDateTime>
 #include <QString>
@@ -61,9 +62,31 @@ struct ErrorContext {
     QString version;
 };
 
+/// What a trap does with a failure in step mode.
+enum class StepAnswer { Report, Retry, ToCaller };
+
 class ErrorCapture {
 public:
     explicit ErrorCapture(AppPaths paths);
+
+    /// The step mode setting, for development: with kStoppedOnError every trapped failure
+    /// first asks whether to retry the routine, pass the failure to the calling routine's
+    /// trap, or stop asking (the setting becomes kNoStop). A release runs with kNoStop.
+    static inline const QString kStoppedOnError = QStringLiteral("Stopped on Error");
+    static inline const QString kNoStop = QStringLiteral("NoStop");
+    QString StopMode = kNoStop;
+    /// Asks the step mode question (Yes, No or Cancel); the engine shows it as a box.
+    std::function<MsgResult(const QString& text)> askStepMode;
+    /// A trap retries at most this often in a row, so that a box that always answers Yes
+    /// (a headless run) cannot keep a failing routine going for ever.
+    static constexpr int kMaxStepRetries = 9;
+
+    /// The step mode decision for a failure caught by a trap that has already retried
+    /// `retries` times; `outermost` when no calling routine has a trap of its own.
+    StepAnswer StopOnError(const QString& methodName, const std::exception* error, int retries,
+                           bool outermost);
+    /// The text of the step mode box.
+    static QString StepModeText(const QString& errorText);
 
     /// The error text of one failure, by the program's template.
     static QString FormatError(const ErrorContext& context);
@@ -80,25 +103,57 @@ public:
     int count() const { return count_; }
     QString errorFile() const;
 
+    /// Counts the traps now running, so that a trap knows whether a caller has one.
+    class TrapScope {
+    public:
+        explicit TrapScope(ErrorCapture& capture) : capture_(capture) { ++capture_.depth_; }
+        ~TrapScope() { --capture_.depth_; }
+        TrapScope(const TrapScope&) = delete;
+        TrapScope& operator=(const TrapScope&) = delete;
+        bool outermost() const { return capture_.depth_ == 1; }
+
+    private:
+        ErrorCapture& capture_;
+    };
+
 private:
+    ErrorContext contextOf(const QString& methodName, const std::exception* error) const;
+
     AppPaths paths_;
     int count_ = 0;
+    int depth_ = 0;
 };
 
 /// The error tail of a routine: runs `body`; whatever it throws goes to the capture
 /// under `methodName` (the routine's name with its parameter names).
+/// In step mode the routine may run again, or the failure may go on to the trap of the
+/// calling routine.
 template <class Body>
 bool withErrorTail(ErrorCapture& capture, const char* methodName, Body&& body) {
-    try {
-        body();
-        return true;
-    } catch (const std::exception& e) {
-        capture.HandleException(QString::fromUtf8(methodName), e);
-    } catch (...) {
-        capture.HandleError(QString::fromUtf8(methodName), errnum::InvalidCall,
-                            QStringLiteral("Unknown failure"));
+    const ErrorCapture::TrapScope scope(capture);
+    const QString name = QString::fromUtf8(methodName);
+    for (int retries = 0;; ++retries) {
+        try {
+            body();
+            return true;
+        } catch (const std::exception& e) {
+            const StepAnswer answer = capture.StopOnError(name, &e, retries, scope.outermost());
+            if (answer == StepAnswer::Retry)
+                continue;
+            if (answer == StepAnswer::ToCaller)
+                throw;
+            capture.HandleException(name, e);
+        } catch (...) {
+            const StepAnswer answer =
+                capture.StopOnError(name, nullptr, retries, scope.outermost());
+            if (answer == StepAnswer::Retry)
+                continue;
+            if (answer == StepAnswer::ToCaller)
+                throw;
+            capture.HandleError(name, errnum::InvalidCall, QStringLiteral("Unknown failure"));
+        }
+        return false;
     }
-    return false;
 }
 
 } // namespace twk
