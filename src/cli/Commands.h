@@ -18,6 +18,8 @@ struct GlobalOptions {
 
 /// Prints the problem (when given) and the usage of all commands; returns kExitUsage.
 int usage(const char* problem);
+/// Prints "tarnwick-cli: " and the reason on standard error; returns kExitFailed.
+int fail(const QString& text);
 
 int runShow(const GlobalOptions& options, const QStringList& args);
 int runSave(const GlobalOptions& options, const QStringList& args);

@@ -23,11 +23,6 @@ public:
     void yield() override { QCoreApplication::processEvents(); }
 };
 
-int fail(const QString& text) {
-    std::fprintf(stderr, "tarnwick-cli: %s\n", text.toLocal8Bit().constData());
-    return kExitFailed;
-}
-
 } // namespace
 
 const char* const kConfigReportUsage =

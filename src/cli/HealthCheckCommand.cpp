@@ -85,10 +85,6 @@ QByteArray jsonText(const QString& text) {
     return array.mid(1, array.size() - 2);
 }
 
-void fail(const QString& text) {
-    std::fprintf(stderr, "tarnwick-cli: %s\n", text.toLocal8Bit().constData());
-}
-
 } // namespace
 
 int runHealthCheck(const GlobalOptions& options, const QStringList& args) {

@@ -8,13 +8,18 @@
 
 namespace twk::cli {
 
+int fail(const QString& text) {
+    std::fprintf(stderr, "tarnwick-cli: %s\n", text.toLocal8Bit().constData());
+    return kExitFailed;
+}
+
 int usage(const char* problem) {
     if (problem != nullptr)
         std::fprintf(stderr, "tarnwick-cli: %s\n", problem);
     std::fprintf(stderr, "usage: tarnwick-cli [--network DIR] COMMAND ...\n");
-    for (const char* lines : {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage,
-                              kServersUsage, kMonitorUsage, kHealthCheckUsage,
-                              kConfigReportUsage, kConfigDiffUsage})
+    for (const char* lines :
+         {kShowUsage, kSaveUsage, kFilterUsage, kErrcodeUsage, kDemoUsage, kServersUsage,
+          kMonitorUsage, kHealthCheckUsage, kConfigReportUsage, kConfigDiffUsage})
         std::fprintf(stderr, "%s", lines);
     std::fprintf(stderr, "  tarnwick-cli --help\n");
     return kExitUsage;

@@ -12,6 +12,21 @@
 
 namespace twk::gui {
 
+QPushButton* makeButton(const char* name, QWidget* parent, const QString& caption) {
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLineEdit* makeField(const char* name, QWidget* parent, int minimumWidth) {
+    auto* field = new QLineEdit(parent);
+    field->setObjectName(QString::fromLatin1(name));
+    if (minimumWidth > 0)
+        field->setMinimumWidth(minimumWidth);
+    return field;
+}
+
 namespace {
 
 // The grey of a text box that takes no input.

@@ -22,6 +22,12 @@ class QWidget;
 
 namespace twk::gui {
 
+/// A push button named `name` (the model's control name) that does not take Return as
+/// the dialog's default.
+QPushButton* makeButton(const char* name, QWidget* parent, const QString& caption = {});
+/// A text field named `name`, at least `minimumWidth` wide.
+QLineEdit* makeField(const char* name, QWidget* parent, int minimumWidth = 0);
+
 void showCheckBox(QCheckBox* box, const CheckBoxState& state);
 void showTextBox(QLineEdit* field, const TextBoxState& state);
 void showButton(QPushButton* button, const ButtonState& state);

@@ -27,14 +27,7 @@ namespace column = configReportColumn;
 
 constexpr int kColumnWidths[] = {26, 220, 150, 150, 90};
 
-QPushButton* makeButton(const char* name, QWidget* parent) {
-    auto* button = new QPushButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
-QLineEdit* makeField(const char* name, QWidget* parent) {
+QLineEdit* makeReadOnlyField(const char* name, QWidget* parent) {
     auto* field = new QLineEdit(parent);
     field->setObjectName(QString::fromLatin1(name));
     field->setReadOnly(true);
@@ -74,10 +67,12 @@ void WaitBar::paintEvent(QPaintEvent*) {
 frmConfigReport::frmConfigReport(Engine& engine, const ImageList& images, QWidget* parent)
     : QDialog(parent), engine_(engine), images_(images), model_(engine),
       cbServer_(new QComboBox(this)), cmdCreateReport_(makeButton("cmdCreateReport", this)),
-      grid_(new QTableWidget(this)), txtbSelectedReport_(makeField("txtbSelectedReport", this)),
+      grid_(new QTableWidget(this)),
+      txtbSelectedReport_(makeReadOnlyField("txtbSelectedReport", this)),
       cmdSetAsReport1_(makeButton("cmdSetAsReport1", this)),
       cmdSetAsReport2_(makeButton("cmdSetAsReport2", this)),
-      txtbReport1_(makeField("txtbReport1", this)), txtbReport2_(makeField("txtbReport2", this)),
+      txtbReport1_(makeReadOnlyField("txtbReport1", this)),
+      txtbReport2_(makeReadOnlyField("txtbReport2", this)),
       cmdResetReport1_(makeButton("cmdResetReport1", this)),
       cmdResetReport2_(makeButton("cmdResetReport2", this)),
       cmdOpenConfigViewer_(makeButton("cmdOpenConfigViewer", this)),

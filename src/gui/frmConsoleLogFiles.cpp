@@ -18,10 +18,10 @@ namespace twk::gui {
 
 namespace {
 
-namespace text = consoleHistoryText;
-namespace column = consoleHistoryColumn;
+namespace historyText = consoleHistoryText;
+namespace historyColumn = consoleHistoryColumn;
 
-constexpr int kColumnWidths[column::Count] = {135, 300, 75, 135, 150};
+constexpr int kHistoryColumnWidths[historyColumn::Count] = {135, 300, 75, 135, 150};
 
 QLabel* makeCount(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -43,10 +43,10 @@ frmConsoleLogFiles::frmConsoleLogFiles(Engine& engine, QWidget* parent)
     setObjectName(QStringLiteral("frmConsoleLogFiles"));
 
     grid_->setObjectName(QStringLiteral("FileGrid1"));
-    grid_->setColumnCount(column::Count);
-    grid_->setHorizontalHeaderLabels(text::kColumnHeaders);
-    for (int c = 0; c < column::Count; ++c)
-        grid_->setColumnWidth(c, kColumnWidths[c]);
+    grid_->setColumnCount(historyColumn::Count);
+    grid_->setHorizontalHeaderLabels(historyText::kColumnHeaders);
+    for (int c = 0; c < historyColumn::Count; ++c)
+        grid_->setColumnWidth(c, kHistoryColumnWidths[c]);
     grid_->horizontalHeader()->setStretchLastSection(true);
     grid_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     grid_->verticalHeader()->hide();
@@ -88,15 +88,15 @@ frmConsoleLogFiles::frmConsoleLogFiles(Engine& engine, QWidget* parent)
     });
 
     auto* counts = new QHBoxLayout;
-    counts->addWidget(new QLabel(text::kUndeletedFiles, this));
+    counts->addWidget(new QLabel(historyText::kUndeletedFiles, this));
     counts->addWidget(lbUndeletedFiles_);
     counts->addSpacing(24);
-    counts->addWidget(new QLabel(text::kDeletedFiles, this));
+    counts->addWidget(new QLabel(historyText::kDeletedFiles, this));
     counts->addWidget(lbDeletedFiles_);
     counts->addStretch(1);
 
     auto* name = new QHBoxLayout;
-    name->addWidget(new QLabel(text::kFileName, this));
+    name->addWidget(new QLabel(historyText::kFileName, this));
     name->addWidget(txtbFileName_, 1);
 
     auto* buttons = new QHBoxLayout;
@@ -132,12 +132,12 @@ void frmConsoleLogFiles::fillGrid() {
     const auto& rows = model_.FileGrid1;
     grid_->setRowCount(static_cast<int>(rows.size()));
     for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
-        for (int c = 1; c <= column::Count; ++c) {
+        for (int c = 1; c <= historyColumn::Count; ++c) {
             const QString cell = rows[static_cast<std::size_t>(r)].cell(c);
             QTableWidgetItem* item = grid_->item(r, c - 1);
             if (item == nullptr) {
                 item = new QTableWidgetItem;
-                if (c == column::Size)
+                if (c == historyColumn::Size)
                     item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
                 grid_->setItem(r, c - 1, item);
             }

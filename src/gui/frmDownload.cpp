@@ -19,19 +19,6 @@ namespace {
 
 const QColor kBar(0, 0, 128);
 
-QPushButton* makeButton(const QString& caption, const char* name, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
-QLineEdit* makeField(const char* name, QWidget* parent) {
-    auto* field = new QLineEdit(parent);
-    field->setObjectName(QString::fromLatin1(name));
-    return field;
-}
-
 } // namespace
 
 ProgressPicture::ProgressPicture(QWidget* parent) : QWidget(parent) {
@@ -70,10 +57,10 @@ frmDownload::frmDownload(Engine& engine, const QString& caption, QWidget* parent
       txtbProxyPort_(makeField("txtbProxyPort", this)), txtURL_(makeField("txtURL", this)),
       txtLocalFile_(makeField("txtLocalFile", this)), lblStatus_(new QLabel(this)),
       picProgress_(new ProgressPicture(this)),
-      cmdDownload_(makeButton(model_.cmdDownload.caption, "cmdDownload", this)),
-      cmdAbort_(makeButton(model_.cmdAbort.caption, "cmdAbort", this)),
-      cmdInstall_(makeButton(model_.cmdInstall.caption, "cmdInstall", this)),
-      cmdClose_(makeButton(model_.cmdClose.caption, "cmdClose", this)) {
+      cmdDownload_(makeButton("cmdDownload", this, model_.cmdDownload.caption)),
+      cmdAbort_(makeButton("cmdAbort", this, model_.cmdAbort.caption)),
+      cmdInstall_(makeButton("cmdInstall", this, model_.cmdInstall.caption)),
+      cmdClose_(makeButton("cmdClose", this, model_.cmdClose.caption)) {
     setObjectName(QStringLiteral("frmDownload"));
     chkbProxy_->setObjectName(QStringLiteral("chkbProxy"));
     lblStatus_->setObjectName(QStringLiteral("lblStatus"));

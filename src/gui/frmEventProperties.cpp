@@ -22,13 +22,6 @@ namespace {
 
 constexpr int kIconSize = 32;
 
-QPushButton* makeButton(const char* name, QWidget* parent) {
-    auto* button = new QPushButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 QLabel* caption(const char* text, QWidget* parent) {
     auto* label = new QLabel(QString::fromLatin1(text), parent);
     label->setStyleSheet(QStringLiteral("color: #5b626c;"));

@@ -29,13 +29,6 @@ constexpr std::array<BoxPlace, 5> kBoxes = {{{"chkSetCronlogSize", kCronSizeSet}
                                              {"chkCronStarted", kCronStarted},
                                              {"chkCronStopped", kCronStopped}}};
 
-QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) {
-    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 } // namespace
 
 frmFilterCronlog::frmFilterCronlog(Engine& engine, const ImageList& images, QWidget* parent)
@@ -53,8 +46,8 @@ frmFilterCronlog::frmFilterCronlog(Engine& engine, const ImageList& images, QWid
         boxes_[i] = check;
         statusLayout->addWidget(check);
     }
-    cmdSelectAll_ = makeButton("cmdSelectAll", "&select all", statusBox);
-    cmdDeselectAll_ = makeButton("cmdDeselectAll", "&deselect all", statusBox);
+    cmdSelectAll_ = makeButton("cmdSelectAll", statusBox, QStringLiteral("&select all"));
+    cmdDeselectAll_ = makeButton("cmdDeselectAll", statusBox, QStringLiteral("&deselect all"));
     auto* selection = new QHBoxLayout;
     selection->addWidget(cmdSelectAll_);
     selection->addWidget(cmdDeselectAll_);
@@ -80,8 +73,8 @@ frmFilterCronlog::frmFilterCronlog(Engine& engine, const ImageList& images, QWid
     connect(txtbAction_, &QLineEdit::textEdited, this,
             [this](const QString& text) { model_.txtbAction = text; });
 
-    cmdFilter_ = makeButton("cmdFilter", "&Filter", this);
-    cmdCancel_ = makeButton("cmdCancel", "&Cancel", this);
+    cmdFilter_ = makeButton("cmdFilter", this, QStringLiteral("&Filter"));
+    cmdCancel_ = makeButton("cmdCancel", this, QStringLiteral("&Cancel"));
     cmdFilter_->setDefault(true);
     connect(cmdFilter_, &QPushButton::clicked, this, &frmFilterCronlog::runFilter);
     connect(cmdCancel_, &QPushButton::clicked, this, &frmFilterCronlog::reject);

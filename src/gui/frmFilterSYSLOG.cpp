@@ -46,13 +46,6 @@ QLineEdit* makeSearchField(const char* name, QWidget* parent) {
     return field;
 }
 
-QPushButton* makeButton(const char* name, QWidget* parent) {
-    auto* button = new QPushButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 } // namespace
 
 frmFilterSYSLOG::frmFilterSYSLOG(Engine& engine, const ImageList& images, QWidget* parent)

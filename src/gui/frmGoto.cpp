@@ -20,13 +20,6 @@ namespace {
 
 constexpr int kPictureSize = 32;
 
-QLineEdit* makeField(const char* name, QWidget* parent) {
-    auto* field = new QLineEdit(parent);
-    field->setObjectName(QString::fromLatin1(name));
-    field->setMinimumWidth(150);
-    return field;
-}
-
 QLabel* makeRange(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
@@ -40,8 +33,8 @@ QLabel* makeRange(const char* name, QWidget* parent) {
 frmGoto::frmGoto(Engine& engine, const ImageList& images, QWidget* parent)
     : QDialog(parent), engine_(engine), images_(images), model_(engine) {
     setObjectName(QStringLiteral("frmGoto"));
-    txtDate_ = makeField("txtDate", this);
-    txtEvent_ = makeField("txtEvent", this);
+    txtDate_ = makeField("txtDate", this, 150);
+    txtEvent_ = makeField("txtEvent", this, 150);
     lbDateRange_ = makeRange("lbDateRange", this);
     lbEventRange_ = makeRange("lbEventRange", this);
     picture_ = new QLabel(this);

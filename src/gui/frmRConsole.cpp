@@ -23,13 +23,6 @@ namespace twk::gui {
 
 namespace {
 
-QPushButton* makeButton(const QString& caption, const char* name, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 QLabel* makePath(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
@@ -60,10 +53,10 @@ frmRConsole::frmRConsole(Engine& engine, const QString& server, AskPath askPath,
       chkHostname_(new QCheckBox(this)), chkIPAddress_(new QCheckBox(this)),
       txbIPAddress_(new QLineEdit(this)), lbRConsole_(makePath("lbRConsole", this)),
       lbRConJ_(makePath("lbRConJ", this)),
-      cmdRConsole_(makeButton(QStringLiteral("browse..."), "cmdRConsole", this)),
-      cmdRConJ_(makeButton(QStringLiteral("browse..."), "cmdRConJ", this)),
-      cmdSave_(makeButton(model_.cmdSave.caption, "cmdSave", this)),
-      cmdHelp_(makeButton(QStringLiteral("help"), "cmdHelp", this)) {
+      cmdRConsole_(makeButton("cmdRConsole", this, QStringLiteral("browse..."))),
+      cmdRConJ_(makeButton("cmdRConJ", this, QStringLiteral("browse..."))),
+      cmdSave_(makeButton("cmdSave", this, model_.cmdSave.caption)),
+      cmdHelp_(makeButton("cmdHelp", this, QStringLiteral("help"))) {
     setObjectName(QStringLiteral("frmRConsole"));
     lbxServer_->setObjectName(QStringLiteral("lbxServer"));
     lbxServer_->setMinimumWidth(150);

@@ -23,13 +23,6 @@ namespace {
 
 constexpr int kPreviewSize = 32;
 
-QLineEdit* makeField(const char* name, QWidget* parent) {
-    auto* field = new QLineEdit(parent);
-    field->setObjectName(QString::fromLatin1(name));
-    field->setMinimumWidth(240);
-    return field;
-}
-
 } // namespace
 
 frmRealtimeFilter::frmRealtimeFilter(Engine& engine, const ImageList& images, int ruleNumber,
@@ -102,7 +95,7 @@ QCheckBox* frmRealtimeFilter::check(const char* name, CheckBoxState& state,
 QWidget* frmRealtimeFilter::buildCriteria() {
     auto* box = new QGroupBox(QStringLiteral(" Rule "), this);
     auto* grid = new QGridLayout(box);
-    txtbRuleNumber_ = makeField("txtbRuleNumber", box);
+    txtbRuleNumber_ = makeField("txtbRuleNumber", box, 240);
     txtbRuleNumber_->setReadOnly(true);
     txtbRuleNumber_->setMinimumWidth(60);
     onFocusIn(txtbRuleNumber_, [this] { act([this] { model_.txtbRuleNumber_Click(); }); });
@@ -110,8 +103,8 @@ QWidget* frmRealtimeFilter::buildCriteria() {
     picEventTypeIcon_->setObjectName(QStringLiteral("picEventTypeIcon"));
     picEventTypeIcon_->setFixedSize(kPreviewSize + 8, kPreviewSize + 8);
     picEventTypeIcon_->setAlignment(Qt::AlignCenter);
-    txtbErrorMessage1_ = makeField("txtbErrorMessage1", box);
-    txtbErrorMessage2_ = makeField("txtbErrorMessage2", box);
+    txtbErrorMessage1_ = makeField("txtbErrorMessage1", box, 240);
+    txtbErrorMessage2_ = makeField("txtbErrorMessage2", box, 240);
     onFocusIn(txtbErrorMessage1_, [this] { act([this] { model_.txtbErrorMessage1_GotFocus(); }); });
     onFocusIn(txtbErrorMessage2_, [this] { act([this] { model_.txtbErrorMessage2_GotFocus(); }); });
     connect(txtbErrorMessage1_, &QLineEdit::textEdited, this,
@@ -148,7 +141,7 @@ QWidget* frmRealtimeFilter::buildAlerts() {
           std::pair{"chkEmail", &model_.chkEmail}, std::pair{"chkLogfile", &model_.chkLogfile}})
         grid->addWidget(check(name, *state, nullptr), row++, 0, 1, 3);
 
-    txtbWave_ = makeField("txtbWave", box);
+    txtbWave_ = makeField("txtbWave", box, 240);
     connect(txtbWave_, &QLineEdit::textEdited, this, [this](const QString& text) {
         act([this, text] {
             model_.txtbWave.text = text;

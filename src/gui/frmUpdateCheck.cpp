@@ -19,13 +19,6 @@ namespace twk::gui {
 
 namespace {
 
-QPushButton* makeButton(const QString& caption, const char* name, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 QLabel* makeRelease(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
@@ -45,10 +38,10 @@ frmUpdateCheck::frmUpdateCheck(Engine& engine,
       lbStatus_(new QLabel(this)), lbTWKRelease_(makeRelease("lbTWKRelease", this)),
       lbInternetRelease_(makeRelease("lbInternetRelease", this)), shpNew_(new QLabel(this)),
       chkUpdate_(new QCheckBox(this)),
-      cmdCheckNow_(makeButton(model_.cmdCheckNow.caption, "cmdCheckNow", this)),
-      cmdWhatsNew_(makeButton(model_.cmdWhatsNew.caption, "cmdWhatsNew", this)),
-      cmdDownload_(makeButton(model_.cmdDownload.caption, "cmdDownload", this)),
-      cmdClose_(makeButton(model_.cmdClose.caption, "cmdClose", this)),
+      cmdCheckNow_(makeButton("cmdCheckNow", this, model_.cmdCheckNow.caption)),
+      cmdWhatsNew_(makeButton("cmdWhatsNew", this, model_.cmdWhatsNew.caption)),
+      cmdDownload_(makeButton("cmdDownload", this, model_.cmdDownload.caption)),
+      cmdClose_(makeButton("cmdClose", this, model_.cmdClose.caption)),
       imgDataProtection_(new ClickLabel(this)) {
     setObjectName(QStringLiteral("frmUpdateCheck"));
     lbStatus_->setObjectName(QStringLiteral("lbStatus"));

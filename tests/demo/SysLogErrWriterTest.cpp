@@ -29,7 +29,7 @@ struct CaptionsProgress : NoProgress {
     void flashProgress(const QString& caption, int) override { captions.push_back(caption); }
 };
 
-std::string joined(const std::vector<std::string>& lines) {
+std::string joinedLines(const std::vector<std::string>& lines) {
     std::string out;
     for (const std::string& line : lines) {
         if (!out.empty())
@@ -99,7 +99,7 @@ protected:
         EXPECT_EQ(cell(row, kColCategory), ClassNames[static_cast<std::size_t>(e.klass)]);
         EXPECT_EQ(icon(row, kColEventIcon), e.eventType);
         EXPECT_EQ(cell(row, kColErrorNr), " " + e.errorNumber);
-        EXPECT_EQ(cell(row, kColMessage), joined(e.lines));
+        EXPECT_EQ(cell(row, kColMessage), joinedLines(e.lines));
     }
 };
 
@@ -211,7 +211,7 @@ TEST_F(DemoSysLogErr, DoubleEmptyLineGivesOneGarbledRowAndTheRightCount) {
     EXPECT_EQ(cell(garbled, kColCategory), "???");
     const std::string message = cell(garbled, kColMessage);
     EXPECT_TRUE(message.starts_with("Severity = ")) << message;
-    EXPECT_TRUE(message.ends_with("  |  " + joined(swallowed.event.lines))) << message;
+    EXPECT_TRUE(message.ends_with("  |  " + joinedLines(swallowed.event.lines))) << message;
 
     for (int n = 1; n <= 100; ++n)
         if (n != 41)
@@ -248,14 +248,15 @@ TEST_F(DemoSysLogErr, MissingCodeLineShiftsTheReadingByOneLine) {
     const Written& m = written[static_cast<std::size_t>(manyLines - 1)];
     EXPECT_EQ(icon(many, kColIcon), kImageUnknownStatus);
     EXPECT_EQ(cell(many, kColTime), timeText(m.when, o.language));
-    EXPECT_EQ(cell(many, kColMessage), joined({m.event.lines.begin() + 1, m.event.lines.end()}));
+    EXPECT_EQ(cell(many, kColMessage),
+              joinedLines({m.event.lines.begin() + 1, m.event.lines.end()}));
 
     const int one = entryRow(oneLine);
     const Written& next = written[static_cast<std::size_t>(oneLine)];
     EXPECT_EQ(icon(one, kColIcon), kImageUnknownStatus);
     const std::string message = cell(one, kColMessage);
     EXPECT_TRUE(message.starts_with("  |  " + dateText(next.when, o.language))) << message;
-    EXPECT_TRUE(message.ends_with(joined(next.event.lines))) << message;
+    EXPECT_TRUE(message.ends_with(joinedLines(next.event.lines))) << message;
 
     expectRowShows(entryRow(oneLine + 2), written[static_cast<std::size_t>(oneLine + 1)],
                    o.language);

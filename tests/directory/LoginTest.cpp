@@ -7,14 +7,15 @@ using namespace twk;
 
 namespace {
 
-const QByteArray kNetwork = "[tree ACME_TREE]\nlogged-in = no\n"
-                            "[server FS1]\ntree = ACME_TREE\ncontext = ACME\nvolumes = SYS\n"
-                            "[user ADMIN]\ntree = ACME_TREE\ncontext = ACME\npassword = novell\n";
+const QByteArray kLoginNetwork =
+    "[tree ACME_TREE]\nlogged-in = no\n"
+    "[server FS1]\ntree = ACME_TREE\ncontext = ACME\nvolumes = SYS\n"
+    "[user ADMIN]\ntree = ACME_TREE\ncontext = ACME\npassword = novell\n";
 
 class Login : public ::testing::Test {
 protected:
     void SetUp() override {
-        net.describe(kNetwork);
+        net.describe(kLoginNetwork);
         net.engine.clock = &clock;
         net.engine.view.cbTree.items = {"ACME_TREE"};
         net.engine.view.cbTree.ListIndex = 0;

@@ -9,7 +9,7 @@ using namespace twk;
 
 namespace {
 
-const QByteArray kNetwork =
+const QByteArray kClientNetwork =
     "[tree ACME_TREE]\nlogged-in = yes\nuser = ADMIN.ACME\n[tree OTHER_TREE]\n"
     "[server FS1]\ntree = ACME_TREE\ncontext = ACME\nversion = Novell NetWare 5.70.03[DS]\n"
     "volumes = SYS, DATA\nreplica = [Root] | Master | On | 2024-05-03 10:15:00\n"
@@ -41,7 +41,7 @@ Searched search(NetworkClient& client, const QString& base, const QString& objec
 
 class NetworkFolderClientTest : public ::testing::Test {
 protected:
-    void SetUp() override { net.describe(kNetwork); }
+    void SetUp() override { net.describe(kClientNetwork); }
     NetworkClient& client() { return *net.engine.network; }
     test::NetworkEngine net;
 };

@@ -11,7 +11,7 @@ using namespace twk;
 
 namespace {
 
-const QByteArray kNetwork =
+const QByteArray kSalvageNetwork =
     "[tree T]\nlogged-in = yes\nuser = ADMIN.ACME\n"
     "[server FS1]\ntree = T\nversion = NetWare\nvolumes = SYS\nconnected = yes\n";
 
@@ -22,7 +22,7 @@ QDateTime at(int day, int hour) {
 class SalvageTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        net.describe(kNetwork);
+        net.describe(kSalvageNetwork);
         sys = net.tree.path("network/servers/FS1/SYS");
         net.file("servers/FS1/SYS/ETC/CONSOLE.LOG", "current");
         GetConnections(net.engine);

@@ -16,8 +16,8 @@
 using namespace twk;
 using test::box;
 using test::MainWindowFixture;
-namespace text = consoleHistoryText;
-namespace column = consoleHistoryColumn;
+namespace historyText = consoleHistoryText;
+namespace historyColumn = consoleHistoryColumn;
 
 namespace {
 
@@ -75,13 +75,13 @@ protected:
     QStringList names(const FrmConsoleLogFiles& dialog) {
         QStringList list;
         for (const ConsoleLogFileRow& row : dialog.FileGrid1)
-            list << row.cell(column::Name);
+            list << row.cell(historyColumn::Name);
         return list;
     }
     int rowOf(const FrmConsoleLogFiles& dialog, const QString& name, const QString& deletedAt) {
         for (std::size_t i = 0; i < dialog.FileGrid1.size(); ++i)
-            if (dialog.FileGrid1[i].cell(column::Name) == name &&
-                dialog.FileGrid1[i].cell(column::Deleted) == deletedAt)
+            if (dialog.FileGrid1[i].cell(historyColumn::Name) == name &&
+                dialog.FileGrid1[i].cell(historyColumn::Deleted) == deletedAt)
                 return static_cast<int>(i) + 1;
         return 0;
     }
@@ -131,12 +131,13 @@ TEST_F(ConsoleHistory, OpeningListsTheLogsAndTheSelectedRowDecidesBetweenShowAnd
     EXPECT_EQ(form.FileGrid1[0].cells,
               (QStringList{QStringLiteral("2024-10-02 03:04:05"), QStringLiteral("console.001"),
                            QStringLiteral("15"), QStringLiteral("n/a"), QString()}));
-    EXPECT_EQ(form.FileGrid1[1].cell(column::Size), QString::number(kCurrentLog.size()));
+    EXPECT_EQ(form.FileGrid1[1].cell(historyColumn::Size), QString::number(kCurrentLog.size()));
     EXPECT_EQ(form.FileGrid1[2].cells, (QStringList{QStringLiteral("2024-05-03 13:05:09"), kLog,
                                                     QString::number(kOldLog.size()), kDeletedInMay,
                                                     QStringLiteral("FS1.ACME")}));
-    EXPECT_EQ(form.FileGrid1[3].cell(column::Deleted), QStringLiteral("2024-08-17 23:59:01"));
-    EXPECT_TRUE(form.FileGrid1[3].cell(column::Deletor).isEmpty());
+    EXPECT_EQ(form.FileGrid1[3].cell(historyColumn::Deleted),
+              QStringLiteral("2024-08-17 23:59:01"));
+    EXPECT_TRUE(form.FileGrid1[3].cell(historyColumn::Deletor).isEmpty());
     EXPECT_EQ(form.lbUndeletedFiles.text, QStringLiteral("2"));
     EXPECT_EQ(form.lbDeletedFiles.text, QStringLiteral("2"));
     // Row 1 stands selected, so the dialog opens ready to show.
@@ -150,7 +151,7 @@ TEST_F(ConsoleHistory, OpeningListsTheLogsAndTheSelectedRowDecidesBetweenShowAnd
     EXPECT_TRUE(form.txtbFileName.enabled);
     EXPECT_EQ(form.txtbFileName.text,
               QStringLiteral("CONSOLE.LOG.(Deleted 2024-05-03 - 14.05.09h)"));
-    form.FileGrid1_Click(rowOf(form, kLog, text::kNotDeleted));
+    form.FileGrid1_Click(rowOf(form, kLog, historyText::kNotDeleted));
     EXPECT_EQ(form.cmdShow.caption, QStringLiteral("show logfile"));
     EXPECT_FALSE(form.txtbFileName.enabled);
     EXPECT_TRUE(form.txtbFileName.greyBackground);
@@ -163,7 +164,7 @@ TEST_F(ConsoleHistory, OpeningListsTheLogsAndTheSelectedRowDecidesBetweenShowAnd
 
 TEST_F(ConsoleHistory, ShowingAPresentLogFillsTheGridAndKeepsTreeAndServer) {
     FrmConsoleLogFiles& form = open();
-    form.FileGrid1_Click(rowOf(form, kLog, text::kNotDeleted));
+    form.FileGrid1_Click(rowOf(form, kLog, historyText::kNotDeleted));
     const QString tree = v().cbTree.text();
     form.cmdShow_Click();
     EXPECT_TRUE(messages().empty());
@@ -212,14 +213,14 @@ TEST_F(ConsoleHistory, ATakenOrEmptyNameFailsTheSalvageAFreeOneShowsTheOldLog) {
     EXPECT_EQ(v().openLogPath, sys + QStringLiteral("/ETC/CONSOLE.MAY"));
     // The row of the record now stands for the present file.
     const ConsoleLogFileRow& row = form.FileGrid1[static_cast<std::size_t>(form.selectedRow - 1)];
-    EXPECT_EQ(row.cell(column::Name), QStringLiteral("CONSOLE.MAY"));
-    EXPECT_EQ(row.cell(column::Deleted), QStringLiteral("n/a"));
+    EXPECT_EQ(row.cell(historyColumn::Name), QStringLiteral("CONSOLE.MAY"));
+    EXPECT_EQ(row.cell(historyColumn::Deleted), QStringLiteral("n/a"));
     EXPECT_EQ(form.cmdShow.caption, QStringLiteral("show logfile"));
     EXPECT_EQ(form.lbDeletedFiles.text, QStringLiteral("1"));
     EXPECT_EQ(form.lbUndeletedFiles.text, QStringLiteral("3"));
     // It is present the next time.
     FrmConsoleLogFiles& again = open();
-    EXPECT_EQ(rowOf(again, QStringLiteral("CONSOLE.MAY"), text::kNotDeleted), 3);
+    EXPECT_EQ(rowOf(again, QStringLiteral("CONSOLE.MAY"), historyText::kNotDeleted), 3);
     EXPECT_EQ(rowOf(again, kLog, kDeletedInMay), 0);
     EXPECT_EQ(again.lbUndeletedFiles.text, QStringLiteral("3"));
     EXPECT_EQ(again.lbDeletedFiles.text, QStringLiteral("1"));
@@ -381,11 +382,13 @@ TEST(ConsoleHistoryScan, NamesEndAtTheirZeroAndAScanErrorEndsTheList) {
         ASSERT_TRUE(form.Form_Load());
         EXPECT_EQ(form.caption, QStringLiteral("CONSOLE.LOG - History:   SERVER \\\\FS1"));
         ASSERT_EQ(form.FileGrid1.size(), 2u) << "no present files without a folder";
-        EXPECT_EQ(form.FileGrid1[0].cell(column::Name), kLog);
+        EXPECT_EQ(form.FileGrid1[0].cell(historyColumn::Name), kLog);
         EXPECT_EQ(form.FileGrid1[0].iterator, 11);
-        EXPECT_EQ(form.FileGrid1[1].cell(column::Name), QStringLiteral("console.log"));
-        EXPECT_EQ(form.FileGrid1[1].cell(column::Deleted), QStringLiteral("2024-03-04 05:06:07"));
-        EXPECT_TRUE(form.FileGrid1[1].cell(column::Date).isEmpty()) << "no time of last change";
+        EXPECT_EQ(form.FileGrid1[1].cell(historyColumn::Name), QStringLiteral("console.log"));
+        EXPECT_EQ(form.FileGrid1[1].cell(historyColumn::Deleted),
+                  QStringLiteral("2024-03-04 05:06:07"));
+        EXPECT_TRUE(form.FileGrid1[1].cell(historyColumn::Date).isEmpty())
+            << "no time of last change";
         EXPECT_EQ(form.lbDeletedFiles.text, QStringLiteral("2"));
         EXPECT_EQ(form.lbUndeletedFiles.text, QStringLiteral("0"));
         EXPECT_EQ(form.cmdShow.caption, QStringLiteral("salvage file and show it"));
@@ -455,7 +458,7 @@ TEST_F(ConsoleLogChoice, TheHistoryOpensAndItsChoiceStaysInTheGrid) {
         EXPECT_EQ(v().cbLogFile.text(), kLog);
         FrmConsoleLogFiles form(*f.engine);
         ASSERT_TRUE(form.Form_Load());
-        form.FileGrid1_Click(rowOf(form, kLog, text::kNotDeleted));
+        form.FileGrid1_Click(rowOf(form, kLog, historyText::kNotDeleted));
         form.cmdShow_Click();
     };
     chooseConsoleLog();

@@ -18,7 +18,7 @@ using test::germanEntry;
 
 namespace {
 
-const char* kTail = ",0,0,-1,,0,0,-1,-1";
+const char* kRuleTail = ",0,0,-1,,0,0,-1,-1";
 
 class Monitor : public ::testing::Test {
 protected:
@@ -40,8 +40,8 @@ protected:
         f.addServer(QStringLiteral("NT1"), QStringLiteral("10.1.1.31"));
         f.addServer(QStringLiteral("LX1"), QStringLiteral("10.1.1.21"));
         f.addServer(QStringLiteral("GHOST"), QStringLiteral("1.2.3.4"));
-        f.writeRules({std::string("1,2,7,0,8,0,(none),(none),1") + kTail,
-                      std::string("2,0,0,0,0,0,(none),(none),0") + kTail});
+        f.writeRules({std::string("1,2,7,0,8,0,(none),(none),1") + kRuleTail,
+                      std::string("2,0,0,0,0,0,(none),(none),0") + kRuleTail});
     }
     void start() {
         mnuRTM_Click(*f.engine);

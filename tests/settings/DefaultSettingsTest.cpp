@@ -12,7 +12,6 @@
 namespace twk {
 namespace {
 
-constexpr Hive kUser = Hive::CurrentUser;
 const QString kTwk = "Software\\Brindlex\\TWK\\";
 
 class SettingsDefaults : public ::testing::Test {

@@ -12,8 +12,7 @@
 namespace twk {
 namespace {
 
-constexpr Hive kUser = Hive::CurrentUser;
-const QString kTwk = "Software\\Brindlex\\TWK";
+const QString kTwkKey = "Software\\Brindlex\\TWK";
 
 QByteArray utf16WithBom(const QString& text) {
     return QByteArray("\xFF\xFE", 2) + utf16Bytes(text);
@@ -35,7 +34,7 @@ TEST(SettingsRegistryFile, ReadsAUtf16ExportWithWrappedHex) {
                              "[HKEY_CLASSES_ROOT\\.twk]\r\n"
                              "@=\"twkfile\"\r\n";
     const Registry reg(tree.write("config/registry.reg", utf16WithBom(exported)));
-    const QString key = kTwk + "\\Realtime Monitor";
+    const QString key = kTwkKey + "\\Realtime Monitor";
     EXPECT_EQ(reg.Reg_GetValue(kUser, key, QString()), "d\\e\"f");
     EXPECT_EQ(reg.Reg_GetValue(kUser, key, "FS1"), "10.1.1.1");
     EXPECT_EQ(reg.Reg_GetValue(kUser, key, "Port"), "60");
@@ -60,11 +59,11 @@ TEST(SettingsRegistryFile, SkipsWhatItCannotReadAndKeepsTheRest) {
                                "[HKEY_CURRENT_USER\\Software\\Brindlex\\TWK]\n"
                                "\"Cut\"=hex(2):41,00,\\\n";
     const Registry reg(tree.write("config/registry.reg", damaged));
-    EXPECT_EQ(reg.Reg_GetValue(kUser, kTwk, "Good"), "1");
-    const auto values = reg.Reg_GetAllKeys(kUser, kTwk);
+    EXPECT_EQ(reg.Reg_GetValue(kUser, kTwkKey, "Good"), "1");
+    const auto values = reg.Reg_GetAllKeys(kUser, kTwkKey);
     ASSERT_EQ(values.size(), 2); // "Good" and the odd-length text
     EXPECT_EQ(values[1].name, "Odd");
-    EXPECT_FALSE(reg.RegSZExist(kUser, kTwk, "Cut"));
+    EXPECT_FALSE(reg.RegSZExist(kUser, kTwkKey, "Cut"));
     EXPECT_FALSE(reg.RegKeyExist(kUser, "Foo"));
 }
 
@@ -94,11 +93,11 @@ TEST(SettingsRegistryFile, WritesTheExportFormat) {
     test::TempTree tree;
     {
         Registry reg(tree.paths().registryFile());
-        reg.RegCreateKey(kUser, kTwk + "\\Realtime Monitor\\Remote Popup");
-        reg.Reg_SetString(kUser, kTwk + "\\HealthCheck", "ShowHints", "1");
-        reg.Reg_SetDWord(kUser, kTwk + "\\HealthCheck", "Port", 514);
-        reg.Reg_SetString(kUser, kTwk + "\\HealthCheck", QString(), "C:\\\"x\"");
-        reg.RegSetValue(kUser, kTwk + "\\HealthCheck", "Big", RegType::Binary,
+        reg.RegCreateKey(kUser, kTwkKey + "\\Realtime Monitor\\Remote Popup");
+        reg.Reg_SetString(kUser, kTwkKey + "\\HealthCheck", "ShowHints", "1");
+        reg.Reg_SetDWord(kUser, kTwkKey + "\\HealthCheck", "Port", 514);
+        reg.Reg_SetString(kUser, kTwkKey + "\\HealthCheck", QString(), "C:\\\"x\"");
+        reg.RegSetValue(kUser, kTwkKey + "\\HealthCheck", "Big", RegType::Binary,
                         QByteArray(100, '\xAB'));
     }
     const QString text = QString::fromUtf8(tree.read("config/registry.reg"));
@@ -117,28 +116,28 @@ TEST(SettingsRegistryFile, BatchWritesOnceAtItsEnd) {
     {
         const Registry::Batch batch(reg);
         for (int i = 0; i < 60; ++i)
-            reg.Reg_SetString(kUser, kTwk, QString::number(i), "v");
+            reg.Reg_SetString(kUser, kTwkKey, QString::number(i), "v");
         EXPECT_FALSE(QFile::exists(reg.filePath()));
     }
-    EXPECT_EQ(Registry(reg.filePath()).Reg_GetAllKeys(kUser, kTwk).size(), 60);
+    EXPECT_EQ(Registry(reg.filePath()).Reg_GetAllKeys(kUser, kTwkKey).size(), 60);
 }
 
 TEST(SettingsRegistryFile, TwoInstancesKeepEachOthersValues) {
     test::TempTree tree;
     Registry first(tree.paths().registryFile());
     Registry second(tree.paths().registryFile());
-    first.Reg_SetString(kUser, kTwk, "A", "1");
-    second.Reg_SetString(kUser, kTwk, "B", "2");
-    first.Reg_SetString(kUser, kTwk, "C", "3");
-    EXPECT_EQ(second.Reg_GetValue(kUser, kTwk, "C"), "3");
+    first.Reg_SetString(kUser, kTwkKey, "A", "1");
+    second.Reg_SetString(kUser, kTwkKey, "B", "2");
+    first.Reg_SetString(kUser, kTwkKey, "C", "3");
+    EXPECT_EQ(second.Reg_GetValue(kUser, kTwkKey, "C"), "3");
     const Registry third(tree.paths().registryFile());
-    EXPECT_EQ(third.Reg_GetAllKeys(kUser, kTwk).size(), 3);
+    EXPECT_EQ(third.Reg_GetAllKeys(kUser, kTwkKey).size(), 3);
 }
 
 TEST(SettingsRegistryFile, OnlyTheOwnerMayReadTheFile) {
     test::TempTree tree;
     Registry reg(tree.paths().registryFile());
-    reg.Reg_SetString(kUser, kTwk, "Password", "secret");
+    reg.Reg_SetString(kUser, kTwkKey, "Password", "secret");
     struct stat st {};
     ASSERT_EQ(::stat(QFile::encodeName(reg.filePath()).constData(), &st), 0);
     EXPECT_EQ(st.st_mode & 0777, 0600u);

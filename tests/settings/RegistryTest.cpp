@@ -8,7 +8,6 @@
 namespace twk {
 namespace {
 
-constexpr Hive kUser = Hive::CurrentUser;
 const QString kKey = "Software\\Brindlex\\TWK\\Test";
 
 TEST(SettingsRegistry, EveryTypeSurvivesTheFile) {

@@ -10,7 +10,6 @@ namespace twk {
 
 namespace {
 
-const QString kCrLf = QStringLiteral("\r\n");
 const QString kHead = QStringLiteral("Tarnwick Realtime Event Monitor ALERT:");
 
 QString cellText(const Grid& grid, int row, int col) {
@@ -34,7 +33,7 @@ QString alertBody(const QString& head, const QString& rule, const MonitorRowEven
                                QStringLiteral("Source:         ") + e.source,
                                QStringLiteral("Category:     ") + e.category, QString(),
                                QStringLiteral("Error Message:"), e.message};
-    return lines.join(kCrLf);
+    return lines.join(text::kCrLf);
 }
 
 } // namespace

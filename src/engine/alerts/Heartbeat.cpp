@@ -12,17 +12,12 @@ namespace twk {
 
 namespace {
 
-const QString kCrLf = QStringLiteral("\r\n");
 const QString kTimestampMark = QStringLiteral(" last monitoring timestamp: ");
 
 QString miscValue(const Engine& engine, const char* name) {
     return engine.registry.Reg_GetValue(Hive::CurrentUser,
                                         twkKey(QStringLiteral("Realtime Monitor\\Misc")),
                                         QLatin1String(name), {});
-}
-
-int numeric(const QString& s) {
-    return static_cast<int>(text::numericReading(s.toStdString()));
 }
 
 } // namespace
@@ -51,9 +46,9 @@ QString fnStatusSurvey(const Grid& grid) {
                                    QStringLiteral("Error Message"),
                                    QStringLiteral("-------------"),
                                    e.message};
-        survey += lines.join(kCrLf) + kCrLf;
+        survey += lines.join(text::kCrLf) + text::kCrLf;
     }
-    return survey + kCrLf + kCrLf + kCrLf;
+    return survey + text::kCrLf + text::kCrLf + text::kCrLf;
 }
 
 QString MonitorTimestampText(const MainView& view) {
@@ -84,13 +79,13 @@ bool Heartbeat::LongTimer2Enabled() const {
 
 QString Heartbeat::mailText() {
     QString text = MonitorTimestampText(engine_.view);
-    if (numeric(miscValue(engine_, "StatusSurvey")) == 1)
+    if (text::numericInt(miscValue(engine_, "StatusSurvey")) == 1)
         text += fnStatusSurvey(engine_.Grid1);
     return text;
 }
 
 void Heartbeat::Start() {
-    const int interval = numeric(miscValue(engine_, "HeartbeatInterval"));
+    const int interval = text::numericInt(miscValue(engine_, "HeartbeatInterval"));
     const QString recipients = miscValue(engine_, "NotificationRecipients");
     const QString smtpHost = engine_.registry.Reg_GetValue(
         Hive::CurrentUser, twkKey(QStringLiteral("Realtime Monitor\\E-Mail")),

@@ -2,17 +2,12 @@
 
 #include "alerts/AlertTexts.h"
 #include "core/Engine.h"
+#include "core/Text.h"
 #include "core/settings/SettingsKeys.h"
 
 #include <QFile>
 
 namespace twk {
-
-namespace {
-
-const QString kCrLf = QStringLiteral("\r\n");
-
-} // namespace
 
 QString RtmLogRecord(const MonitorRowEvent& e) {
     const QString first = e.server + QStringLiteral(" - ") + RealtimeStateWord(e.ledImage) +
@@ -22,8 +17,8 @@ QString RtmLogRecord(const MonitorRowEvent& e) {
                           QStringLiteral("Error#: ") + e.errorNumber;
     const QString second = QStringLiteral("  ErrorType: ") + EventTypeDescription(e.eventImage) +
                            QStringLiteral(" -> ") + QStringLiteral("ErrorMessage: ") + e.message +
-                           kCrLf;
-    return first + kCrLf + second + kCrLf;
+                           text::kCrLf;
+    return first + text::kCrLf + second + text::kCrLf;
 }
 
 QString RtmLogPath(Engine& engine) {

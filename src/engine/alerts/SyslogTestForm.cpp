@@ -14,10 +14,6 @@ constexpr int kTcp = 1;
 constexpr int kDefaultFacility = 1; // User
 constexpr int kDefaultLevel = 5;    // Notice
 
-int numeric(const QString& s) {
-    return static_cast<int>(text::numericReading(s.toStdString()));
-}
-
 } // namespace
 
 SyslogTestRequest StoredSyslogTestRequest(const Engine& engine) {
@@ -125,9 +121,9 @@ void FrmSyslogTest::cmdSend_Click() {
     if (shared_.AddCRLF)
         message += QStringLiteral("\r\n");
     const QString server = txtbServer.text;
-    const int port = numeric(txtbPort.text);
+    const int port = text::numericInt(txtbPort.text);
     const SyslogSendResult result = SendSyslogMessage(
-        engine_, klog_, server, port, numeric(txtbPriority.text), shared_.UseRFCHeader,
+        engine_, klog_, server, port, text::numericInt(txtbPriority.text), shared_.UseRFCHeader,
         txtbProcess.text, message, shared_.UseSilentErrors, shared_.UseTCP);
     if (result.number == 0 && shared_.UseTCP)
         engine_.ui.messageBox(

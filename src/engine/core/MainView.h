@@ -91,6 +91,11 @@ public:
     }
     bool simpleMode = false;
     QString simpleText;
+    /// Shows `text` in the status bar as one pane; an empty text brings the panes back.
+    void showSimpleText(const QString& text) {
+        simpleMode = !text.isEmpty();
+        simpleText = text;
+    }
 
     MenuState& menu(const QString& name) { return menus_[name]; }
     const std::map<QString, MenuState>& menus() const { return menus_; }

@@ -11,6 +11,9 @@
 
 namespace twk::text {
 
+/// The line end of the program's texts (message boxes, mails, reports).
+inline const QString kCrLf = QStringLiteral("\r\n");
+
 // The small ones are inline: the log readers call them for every line.
 
 /// Removes leading and trailing blanks (code 32) only; tabs and line feeds stay.
@@ -110,5 +113,20 @@ std::string decimal(std::int64_t n);
 
 /// Trim of a QString (such as a list's text): blanks only.
 QString trimBlanks(const QString& s);
+
+/// A UTF-8 text as a QString.
+inline QString toQString(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+/// The numeric reading of a QString, as an int.
+inline int numericInt(const QString& s) {
+    return static_cast<int>(numericReading(s.toStdString()));
+}
+
+/// Names (of servers, trees, settings) are the same blind to case.
+inline bool sameName(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 
 } // namespace twk::text

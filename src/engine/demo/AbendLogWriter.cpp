@@ -39,7 +39,7 @@ struct LoadedModule {
     const char* version;
 };
 
-constexpr std::array<LoadedModule, 10> kModules{{
+constexpr std::array<LoadedModule, 10> kAbendModules{{
     {"SERVER.NLM", "NetWare Server Operating System", "Version 5.70.03  November 14, 2004"},
     {"ACPIDRV.PSM", "ACPI Platform Support Module", "Version 1.05.16  February 9, 2004"},
     {"IDEATA.HAM", "Novell IDE/ATA/ATAPI/SATA Host Adapter Module", "Version 4.34  May 7, 2004"},
@@ -56,9 +56,9 @@ QString hex8(std::uint32_t v) {
     return QStringLiteral("%1").arg(v, 8, 16, QLatin1Char('0')).toUpper();
 }
 
-class Builder {
+class AbendLogBuilder {
 public:
-    explicit Builder(const AbendLogOptions& o)
+    explicit AbendLogBuilder(const AbendLogOptions& o)
         : o_(o), german_(o.language == LogLanguage::German), random_(o.seed ^ 0xABE4D0000ull) {}
 
     QByteArray build() {
@@ -134,7 +134,7 @@ private:
                       .arg(QLatin1String(c.module)));
         line(QString());
         line(QStringLiteral("Loaded Modules:"));
-        for (const LoadedModule& m : kModules) {
+        for (const LoadedModule& m : kAbendModules) {
             const std::uint32_t code = address();
             line(QStringLiteral("  %1 %2").arg(QString::fromLatin1(m.file).leftJustified(14),
                                                QLatin1String(m.title)));
@@ -156,7 +156,7 @@ private:
 } // namespace
 
 QByteArray abendLogBytes(const AbendLogOptions& options) {
-    return Builder(options).build();
+    return AbendLogBuilder(options).build();
 }
 
 } // namespace twk::demo

@@ -42,9 +42,9 @@ constexpr std::array<Module, 5> kOperatorModules{{
     {"SWITCH.NLM", "Port switch utility", "Version 1.10  March 1, 2002"},
 }};
 
-class Builder {
+class ConsoleLogBuilder {
 public:
-    explicit Builder(const ConsoleLogOptions& o)
+    explicit ConsoleLogBuilder(const ConsoleLogOptions& o)
         : o_(o), german_(o.language == LogLanguage::German), random_(o.seed ^ 0xC0FFEE123ull),
           events_(o.language, o.seed ^ 0x5EED0C0Aull, o.serverName.toStdString()) {}
 
@@ -190,7 +190,7 @@ private:
 QByteArray consoleLogBytes(const ConsoleLogOptions& options) {
     if (!options.start.isValid() || !options.end.isValid() || options.end < options.start)
         return {};
-    return Builder(options).build();
+    return ConsoleLogBuilder(options).build();
 }
 
 } // namespace twk::demo

@@ -14,9 +14,9 @@ QString stamp(const QDateTime& when) {
     return when.toString(QStringLiteral("MM/dd/yyyy HH:mm:ss"));
 }
 
-class Builder {
+class CronlogBuilder {
 public:
-    explicit Builder(const CronlogOptions& o) : o_(o), random_(o.seed ^ 0xC704106ull) {}
+    explicit CronlogBuilder(const CronlogOptions& o) : o_(o), random_(o.seed ^ 0xC704106ull) {}
 
     QByteArray build() {
         std::vector<QDateTime> restarts;
@@ -120,7 +120,7 @@ private:
 QByteArray cronlogBytes(const CronlogOptions& options) {
     if (!options.start.isValid() || !options.end.isValid() || options.end < options.start)
         return {};
-    return Builder(options).build();
+    return CronlogBuilder(options).build();
 }
 
 } // namespace twk::demo

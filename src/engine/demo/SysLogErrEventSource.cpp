@@ -29,7 +29,7 @@ constexpr std::string_view kPartitions[] = {
 constexpr std::string_view kDevices[] = {
     "[V312-A2-D0:0] COMPAQ BD00962373 rev:B016", "[V503-A1-D1:0] SEAGATE ST318406LW rev:0109",
     "[V025-A3-D2:0] IBM DDYS-T36950M rev:S96H", "[V321-A0-D0:0] HP CD-ROM 224E rev:1.1A"};
-constexpr std::string_view kModules[] = {
+constexpr std::string_view kEventModules[] = {
     "CLIB.NLM",  "MONITOR.NLM", "DSREPAIR.NLM", "TSA600.NLM", "BTRIEVE.NLM", "NDPSM.NLM",
     "GWPOA.NLM", "APACHE2.NLM", "TOMCAT4.NLM",  "NWMKDE.NLM", "PORTAL.NLM",  "LDAP.NLM"};
 constexpr std::string_view kBoards[] = {"CE100B_1_EII", "3C90X_1_E82", "N100_2_EII", "E1000_1_EII"};
@@ -189,7 +189,7 @@ void SysLogErrEventSource::appendValue(std::string& out, std::string_view placeh
     } else if (placeholder == "{partition}") {
         out += pick(r, kPartitions);
     } else if (placeholder == "{nlm}") {
-        out += pick(r, kModules);
+        out += pick(r, kEventModules);
     } else if (placeholder == "{lan}") {
         out += pick(r, kBoards);
     } else if (placeholder == "{file}") {

@@ -28,13 +28,6 @@ QString moduleName(const QString& name) {
     return m;
 }
 
-template <class T> NetResult<T> failure(std::int32_t error, const QString& description) {
-    NetResult<T> r;
-    r.error = error;
-    r.description = description;
-    return r;
-}
-
 template <class T> NetResult<T> success(T value) {
     NetResult<T> r;
     r.value = std::move(value);
@@ -44,8 +37,8 @@ template <class T> NetResult<T> success(T value) {
 /// The repair a keystroke script asks for: by the menu entry it selects, else by its name.
 DsRepairRun runOfScript(const QString& localScript, const QString& name) {
     QFile file(localScript);
-    const QString keys = file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll())
-                                                          : QString();
+    const QString keys =
+        file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
     static const std::pair<const char*, DsRepairRun> kMenus[] = {
         {"SELECT \"Time synchronization\"", DsRepairRun::VersionsAndTime},
         {"SELECT \"Report synchronization status\"", DsRepairRun::ReplicaSync},
@@ -71,7 +64,7 @@ ConsoleSimulator::ConsoleSimulator(QString networkFolder,
                                    std::function<const NetworkDescription&()> directory,
                                    std::function<ClockPort&()> clock)
     : folder_(std::move(networkFolder)), directory_(std::move(directory)),
-      clock_(clock ? std::move(clock) : [] () -> ClockPort& { return systemClock(); }) {}
+      clock_(clock ? std::move(clock) : []() -> ClockPort& { return systemClock(); }) {}
 
 void ConsoleSimulator::later(std::int64_t ms, std::function<void()> action) {
     clock_().singleShot(ms, [alive = std::weak_ptr<bool>(alive_), action = std::move(action)] {
@@ -114,8 +107,8 @@ NetResult<bool> ConsoleSimulator::consoleCall(const QString& server) {
         s.dropped = true;
     }
     if (s.dropped)
-        return failure<bool>(neterr::kConnectionDropped,
-                             QStringLiteral("The connection to %1 has dropped").arg(server));
+        return netFailure<bool>(neterr::kConnectionDropped,
+                                QStringLiteral("The connection to %1 has dropped").arg(server));
     return {};
 }
 
@@ -138,23 +131,23 @@ void ConsoleSimulator::note(const QString& server, const QString& text) {
 NetResult<bool> ConsoleSimulator::serverError(const QString& server) const {
     const ServerEntry* s = entry(server);
     if (s == nullptr)
-        return failure<bool>(
+        return netFailure<bool>(
             neterr::kServerUnknown,
             QStringLiteral("The server %1 is not known to the directory").arg(server));
     if (s->scenario.disconnected)
-        return failure<bool>(
+        return netFailure<bool>(
             neterr::kObjectDisconnected,
             QStringLiteral("The object invoked has disconnected from its clients."));
     if (!s->scenario.reachable || vanished(server))
-        return failure<bool>(neterr::kServerUnknown,
-                             QStringLiteral("The server %1 cannot be reached").arg(s->name));
+        return netFailure<bool>(neterr::kServerUnknown,
+                                QStringLiteral("The server %1 cannot be reached").arg(s->name));
     return {};
 }
 
 NetResult<QString> ConsoleSimulator::ServerName(const QString& server) {
     const auto error = serverError(server);
     if (error.failed())
-        return failure<QString>(error.error, error.description);
+        return netFailure<QString>(error.error, error.description);
     return success(entry(server)->name.toUpper());
 }
 
@@ -246,15 +239,15 @@ NetResult<bool> ConsoleSimulator::ExecuteNCF(const QString& server, const QStrin
 NetResult<QString> ConsoleSimulator::GetParameter(const QString& server, const QString& name) {
     const auto error = consoleCall(server);
     if (error.failed())
-        return failure<QString>(error.error, error.description);
+        return netFailure<QString>(error.error, error.description);
     ServerState& s = state(server);
     const QString key = name.trimmed().toUpper();
     if (key == kTtf)
         return success(s.parameters.count(kTtf) ? s.parameters[kTtf] : QStringLiteral("0"));
     const auto it = s.parameters.find(key);
     if (it == s.parameters.end())
-        return failure<QString>(neterr::kNoSuchEntry,
-                                QStringLiteral("Unknown SET parameter %1").arg(name));
+        return netFailure<QString>(neterr::kNoSuchEntry,
+                                   QStringLiteral("Unknown SET parameter %1").arg(name));
     return success(it->second);
 }
 

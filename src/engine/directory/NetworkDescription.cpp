@@ -1,4 +1,5 @@
 #include "directory/NetworkDescription.h"
+#include "core/Text.h"
 
 #include <QRegularExpression>
 
@@ -11,7 +12,6 @@ namespace twk {
 
 namespace {
 
-const QString kNdsPrefix = QStringLiteral("NDS:\\\\");
 const QString kRoot = QStringLiteral("[Root]");
 
 struct StateName {
@@ -40,10 +40,6 @@ constexpr std::array<StateName, 19> kStateNames{{
     {replicastate::TransitionToOn, "Transition to On"},
 }};
 constexpr std::array<const char*, 4> kTypeNames{"Master", "Read/Write", "Read Only", "SubRef"};
-
-bool sameName(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
 
 std::optional<bool> parseSwitch(const QString& value) {
     const QString v = value.toLower();
@@ -116,7 +112,7 @@ public:
         for (const auto& [server, line] : pendingScenarios_) {
             bool found = false;
             for (auto& s : result.servers)
-                found = found || sameName(s.name, server);
+                found = found || text::sameName(s.name, server);
             if (!found)
                 result.problems << QStringLiteral("line %1: scenario for the unknown server \"%2\"")
                                        .arg(line)
@@ -296,7 +292,7 @@ private:
     void scenarioKey(const QString& key, const QString& value) {
         ServerEntry* server = nullptr;
         for (auto& s : result.servers)
-            if (sameName(s.name, scenarioOf_))
+            if (text::sameName(s.name, scenarioOf_))
                 server = &s;
         ServerScenario ignored;
         ServerScenario& sc = server != nullptr ? server->scenario : ignored;
@@ -352,7 +348,8 @@ private:
              }},
             {QStringLiteral("date-style"),
              [&] {
-                 if (sameName(value, QStringLiteral("US")) || sameName(value, QStringLiteral("DE")))
+                 if (text::sameName(value, QStringLiteral("US")) ||
+                     text::sameName(value, QStringLiteral("DE")))
                      sc.dateStyle = value.toUpper();
                  else
                      problem(QStringLiteral("date-style is US or DE, not \"%1\"").arg(value));
@@ -414,7 +411,7 @@ private:
 
 const TreeEntry* NetworkDescription::tree(const QString& name) const {
     for (const auto& t : trees)
-        if (sameName(t.name, name))
+        if (text::sameName(t.name, name))
             return &t;
     return nullptr;
 }
@@ -425,14 +422,14 @@ TreeEntry* NetworkDescription::tree(const QString& name) {
 
 const ServerEntry* NetworkDescription::server(const QString& name) const {
     for (const auto& s : servers)
-        if (sameName(s.name, name))
+        if (text::sameName(s.name, name))
             return &s;
     return nullptr;
 }
 
 const ServerEntry* NetworkDescription::serverByFullName(const QString& fullName) const {
     for (const auto& s : servers)
-        if (sameName(serverFullName(s), fullName))
+        if (text::sameName(serverFullName(s), fullName))
             return &s;
     return nullptr;
 }
@@ -455,7 +452,7 @@ bool splitNdsPath(const QString& path, QString& tree, QStringList& components) {
     tree = parts.takeFirst();
     components.clear();
     for (const QString& p : parts)
-        if (!sameName(p, kRoot))
+        if (!text::sameName(p, kRoot))
             components << p;
     return true;
 }
@@ -466,7 +463,7 @@ QString serverFullName(const ServerEntry& server) {
 
 QStringList parseContext(const QString& text) {
     const QString t = text.trimmed();
-    if (t.isEmpty() || sameName(t, kRoot))
+    if (t.isEmpty() || text::sameName(t, kRoot))
         return {};
     QStringList parts;
     if (t.contains(u'\\')) {
@@ -481,7 +478,7 @@ QStringList parseContext(const QString& text) {
         const qsizetype eq = p.indexOf(u'=');
         if (eq > 0 && eq <= 2)
             p = p.mid(eq + 1); // typed names: O=ACME, OU=SALES, CN=FS1
-        if (!p.isEmpty() && !sameName(p, kRoot))
+        if (!p.isEmpty() && !text::sameName(p, kRoot))
             clean << p;
     }
     return clean;
@@ -489,7 +486,7 @@ QStringList parseContext(const QString& text) {
 
 int replicaTypeOf(const QString& text) {
     for (int i = 0; i < static_cast<int>(kTypeNames.size()); ++i)
-        if (sameName(text, QString::fromLatin1(kTypeNames[static_cast<size_t>(i)])))
+        if (text::sameName(text, QString::fromLatin1(kTypeNames[static_cast<size_t>(i)])))
             return i;
     const auto n = parseNumber(text);
     return n && *n >= 0 && *n <= 3 ? *n : -1;
@@ -497,7 +494,7 @@ int replicaTypeOf(const QString& text) {
 
 int replicaStateOf(const QString& text) {
     for (const auto& s : kStateNames)
-        if (sameName(text, QString::fromLatin1(s.name)))
+        if (text::sameName(text, QString::fromLatin1(s.name)))
             return s.code;
     const auto n = parseNumber(text);
     return n && *n >= 0 ? *n : -1;

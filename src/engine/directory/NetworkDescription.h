@@ -113,6 +113,9 @@ struct NetworkDescription {
     const ServerEntry* serverByFullName(const QString& fullName) const;
 };
 
+/// The start of every NDS path.
+inline const QString kNdsPrefix = QStringLiteral("NDS:\\\\");
+
 /// "NDS:\\" + tree + "\" + containers + "\" + name.
 QString ndsPath(const QString& tree, const QStringList& containers, const QString& name = {});
 /// An NDS path taken apart: tree and the components below it ("[Root]" dropped).

@@ -1,6 +1,7 @@
 #include "directory/NetworkFolderClient.h"
 
 #include "core/ErrorCapture.h"
+#include "core/Text.h"
 #include "directory/NetworkFolder.h"
 #include "directory/SalvageArea.h"
 #include "directory/UncPath.h"
@@ -17,17 +18,6 @@ namespace {
 /// The error number under which problems of the description file are captured.
 constexpr std::int32_t kDescriptionError = ERRMAP_APP_FIRST + 101;
 constexpr int kMaxTrees = 16;
-
-bool sameName(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-template <class T> NetResult<T> failure(std::int32_t error, const QString& description) {
-    NetResult<T> r;
-    r.error = error;
-    r.description = description;
-    return r;
-}
 
 /// The address bytes and transport of an address text ("10.1.1.11", "ipx NET:NODE:SOCKET").
 void parseAddress(const QString& text, ConnRefInfo& info) {
@@ -61,7 +51,7 @@ bool below(const QStringList& path, const QStringList& prefix) {
     if (prefix.size() > path.size())
         return false;
     for (qsizetype i = 0; i < prefix.size(); ++i)
-        if (!sameName(path[i], prefix[i]))
+        if (!text::sameName(path[i], prefix[i]))
             return false;
     return true;
 }
@@ -297,11 +287,11 @@ SearchResults NetworkFolderClient::search(const QString& base, const QString& ob
         return std::monostate{};
     QStringList names;
     for (const ServerEntry& s : description().servers) {
-        if (!sameName(s.tree, tree) || !below(s.context, containers))
+        if (!text::sameName(s.tree, tree) || !below(s.context, containers))
             continue;
-        if (sameName(objectClass, kClassServer))
+        if (text::sameName(objectClass, kClassServer))
             names << serverFullName(s);
-        else if (sameName(objectClass, kClassVolume))
+        else if (text::sameName(objectClass, kClassVolume))
             for (const QString& v : s.volumes)
                 names << ndsPath(s.tree, s.context, s.name + u'_' + v);
     }
@@ -327,11 +317,11 @@ NetResult<QString> NetworkFolderClient::ReadAttribute(const QString& fullName,
                                                       const QString& attribute) {
     const ServerEntry* server = description().serverByFullName(fullName);
     if (server == nullptr)
-        return failure<QString>(neterr::kNoSuchEntry,
-                                QStringLiteral("The requested item is not found: ") + fullName);
-    if (!sameName(attribute, QStringLiteral("Version")))
-        return failure<QString>(neterr::kNoSuchEntry,
-                                QStringLiteral("The attribute is not present: ") + attribute);
+        return netFailure<QString>(neterr::kNoSuchEntry,
+                                   QStringLiteral("The requested item is not found: ") + fullName);
+    if (!text::sameName(attribute, QStringLiteral("Version")))
+        return netFailure<QString>(neterr::kNoSuchEntry,
+                                   QStringLiteral("The attribute is not present: ") + attribute);
     NetResult<QString> r;
     r.value = server->version;
     return r;
@@ -360,7 +350,7 @@ NetResult<bool> NetworkFolderClient::Login(const QString& userPath, const QStrin
         return r;
     const QString name = components.takeLast();
     for (const UserEntry& u : description().users) {
-        if (sameName(u.name, name) && sameName(u.tree, tree) &&
+        if (text::sameName(u.name, name) && text::sameName(u.tree, tree) &&
             u.context.size() == components.size() && below(u.context, components) &&
             u.password == password) {
             QStringList dotted{u.name};
@@ -377,18 +367,18 @@ NetResult<bool> NetworkFolderClient::Login(const QString& userPath, const QStrin
 NetResult<std::vector<ReplicaInfo>> NetworkFolderClient::Replicas(const QString& serverFullName) {
     const ServerEntry* server = description().serverByFullName(serverFullName);
     if (server == nullptr)
-        return failure<std::vector<ReplicaInfo>>(
+        return netFailure<std::vector<ReplicaInfo>>(
             neterr::kNoSuchEntry,
             QStringLiteral("The requested item is not found: ") + serverFullName);
     if (!treeLoggedIn(server->tree))
-        return failure<std::vector<ReplicaInfo>>(
+        return netFailure<std::vector<ReplicaInfo>>(
             neterr::kNoRights,
             QStringLiteral("The user is not authenticated to the tree ") + server->tree);
     NetResult<std::vector<ReplicaInfo>> r;
     for (ReplicaInfo replica : server->replicas) {
         const QString partition = replica.PartitionFullName;
         replica.PartitionFullName =
-            sameName(partition, QStringLiteral("[Root]"))
+            text::sameName(partition, QStringLiteral("[Root]"))
                 ? ndsPath(server->tree, {QStringLiteral("[Root]")})
                 : ndsPath(server->tree, partition.split(u'\\', Qt::SkipEmptyParts));
         r.value.push_back(replica);
@@ -428,12 +418,12 @@ NetworkFolderClient::GetEntry(const QString& server, const QString& volume, cons
     if (description().server(server.trimmed()) != nullptr) {
         const auto error = simulator_.serverError(server);
         if (error.failed())
-            return failure<std::optional<std::int64_t>>(error.error, error.description);
+            return netFailure<std::optional<std::int64_t>>(error.error, error.description);
     }
     const QString local = localPath(unc);
     if (simulator_.isLocked(local))
-        return failure<std::optional<std::int64_t>>(neterr::kFileInUse,
-                                                    QStringLiteral("The file is in use: ") + unc);
+        return netFailure<std::optional<std::int64_t>>(
+            neterr::kFileInUse, QStringLiteral("The file is in use: ") + unc);
     NetResult<std::optional<std::int64_t>> r;
     const QFileInfo info(local);
     if (info.isFile())
@@ -471,7 +461,7 @@ EchoReply NetworkFolderClient::Echo(const QString& address, int payloadBytes, in
                                     const std::function<void()>& yield) {
     const QString wanted = address.trimmed();
     for (const ServerEntry& server : description().servers) {
-        if (wanted.isEmpty() || !sameName(server.address.trimmed(), wanted))
+        if (wanted.isEmpty() || !text::sameName(server.address.trimmed(), wanted))
             continue;
         EchoReply reply;
         reply.replied = server.scenario.reachable;

@@ -31,6 +31,14 @@ template <class T> struct NetResult {
     bool failed() const { return error != 0; }
 };
 
+/// A failed result with its error and description.
+template <class T> NetResult<T> netFailure(std::int32_t error, const QString& description) {
+    NetResult<T> r;
+    r.error = error;
+    r.description = description;
+    return r;
+}
+
 namespace neterr {
 /// The automation error "object disconnected" (0x80010108) that the health check treats
 /// as fatal.
@@ -275,9 +283,9 @@ public:
 
 /// What one ICMP echo brought back.
 struct EchoReply {
-    bool replied = false;     ///< an echo reply came back in time
-    std::int32_t status = 0;  ///< 0 for a reply; else the reason (kEchoTimedOut, ...)
-    bool sameData = false;    ///< the reply carried the payload back unchanged
+    bool replied = false;    ///< an echo reply came back in time
+    std::int32_t status = 0; ///< 0 for a reply; else the reason (kEchoTimedOut, ...)
+    bool sameData = false;   ///< the reply carried the payload back unchanged
     int roundTripMs = 0;
 };
 

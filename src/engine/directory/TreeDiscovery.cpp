@@ -7,14 +7,14 @@
 #include "core/settings/SettingsKeys.h"
 #include "core/settings/TwkIniHead.h"
 #include "directory/Connections.h"
+#include "directory/NetworkDescription.h"
 
 namespace twk {
 
 namespace {
 
-const QString kNdsPrefix = QStringLiteral("NDS:\\\\");
 const QString kContextCaption = QStringLiteral(" Tarnwick   StartContext: [");
-const QString kMaxTrees = QStringLiteral("maxTrees");
+const QString kMaxTreesValue = QStringLiteral("maxTrees");
 const QString kMaxServers = QStringLiteral("maxServers");
 
 /// The part behind the last "\" (all of it when there is none).
@@ -229,7 +229,7 @@ void GetTrees(Engine& engine) {
         v.changed();
         DirectoryPort& directory = engine.network->directory();
         v.cbTree.items = directory.Trees();
-        storeLarger(engine, twkKey(QStringLiteral("Trees")), kMaxTrees,
+        storeLarger(engine, twkKey(QStringLiteral("Trees")), kMaxTreesValue,
                     static_cast<int>(v.cbTree.items.size()));
         const QStringList loggedIn = directory.LoggedInTrees();
         const QString defaultTree = loggedIn.isEmpty() ? QString() : loggedIn.last();

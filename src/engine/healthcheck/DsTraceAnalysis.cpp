@@ -66,10 +66,6 @@ int slotOf(const PartitionSyncRecord& record, const std::string& server) {
     return free;
 }
 
-QString fromBytes(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 } // namespace
 
 std::string_view cutTracePrefix(std::string_view line) {
@@ -217,7 +213,7 @@ void CreateDSTraceReport(const QString& reportsFolder, DsTraceStatistics& statis
     if (debug.on && debug.show) {
         QString list;
         for (const std::string& n : names)
-            list += QStringLiteral("       ") + fromBytes(n) + QStringLiteral("\r\n");
+            list += QStringLiteral("       ") + text::toQString(n) + QStringLiteral("\r\n");
         debug.show(list, QStringLiteral(" Partitions found..."));
     }
     for (const std::string& n : names) {
@@ -240,7 +236,7 @@ void CreateDSTraceReport(const QString& reportsFolder, DsTraceStatistics& statis
             if (has(lower, "send updates to") && has(lower, "succeeded")) {
                 SyncSucceeded(statistics, line);
                 if (debug.on && debug.trace)
-                    debug.trace(QStringLiteral("SyncSucceeded: ") + fromBytes(line));
+                    debug.trace(QStringLiteral("SyncSucceeded: ") + text::toQString(line));
             }
         }
     }
@@ -272,9 +268,9 @@ void CreateDSTraceReport(const QString& reportsFolder, DsTraceStatistics& statis
     }
     StatisticsForm& form = statistics.frmStatistics;
     for (const PartitionSyncRecord& r : statistics.PartitionSyncRecords) {
-        form.lbPartitionName = fromBytes(r.Partition);
+        form.lbPartitionName = text::toQString(r.Partition);
         for (std::size_t i = 0; i < form.lbServer.size(); ++i) {
-            form.lbServer[i] = fromBytes(r.Server[i]);
+            form.lbServer[i] = text::toQString(r.Server[i]);
             form.lbSucceeded[i] = r.Succeeded[i] != 0 ? QString::number(r.Succeeded[i]) : QString();
             form.lbFailed[i] = r.Failed[i] != 0 ? QString::number(r.Failed[i]) : QString();
         }

@@ -6,6 +6,11 @@
 
 namespace twk {
 
+/// "ON" or "OFF", as the option lists and reports show a switch.
+inline QString onOff(bool on) {
+    return on ? QStringLiteral("ON") : QStringLiteral("OFF");
+}
+
 class Registry;
 
 /// The key of the health check's values.

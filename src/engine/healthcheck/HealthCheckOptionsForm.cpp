@@ -16,10 +16,6 @@ const char* const kCheckValues[] = {"IgnoreSkulkErrorMessages", "ShowSkulkErrorM
                                     "IncludeDSTraceDebugInfos", "ShowSynchronizationInGrid"};
 const char* const kCheckDefaults[] = {"OFF", "ON", "OFF", "ON"};
 
-QString onOff(bool on) {
-    return on ? QStringLiteral("ON") : QStringLiteral("OFF");
-}
-
 QString checkDescription(int box) {
     const QString name = QLatin1String(kCheckNames[box - 1]);
     switch (box) {

@@ -19,7 +19,7 @@ namespace {
 const QString kPassedHtml = QStringLiteral("<B><FONT COLOR=\"#008000\">PASSED.</FONT></B>");
 const QString kFailedHtml = QStringLiteral("<B><FONT COLOR=\"#cc0000\">FAILED!</FONT></B>");
 const QString kDisabledHtml = QStringLiteral("<FONT COLOR=\"#000000\">disabled</FONT>");
-const QString kBlue = QStringLiteral("<FONT COLOR=\"#000088\">");
+const QString kBlueFont = QStringLiteral("<FONT COLOR=\"#000088\">");
 
 QString red(const QString& text) {
     return QStringLiteral("<B><FONT COLOR=\"#cc0000\">") + text + QStringLiteral("</FONT></B>");
@@ -112,7 +112,7 @@ void markTraceLine(QString& line) {
     if (line.contains(QStringLiteral("All processed = YES")))
         line = QStringLiteral("<FONT COLOR=\"#008000\"><B>") + line + QStringLiteral("</B></FONT>");
     else if (line.contains(QStringLiteral("Start partition sync")))
-        line = kBlue + line + QStringLiteral("</FONT>");
+        line = kBlueFont + line + QStringLiteral("</FONT>");
     else if (line.contains(QStringLiteral("Send updates")) &&
              line.contains(QStringLiteral("succeeded")))
         line = QStringLiteral("<SPAN STYLE=\"background: #ffffcc\">") + line +
@@ -121,7 +121,7 @@ void markTraceLine(QString& line) {
              line.contains(QStringLiteral("-6")) || line.contains(QStringLiteral("-7")))
         line = red(line);
     else if (line.contains(QStringLiteral("Start outbound sync")))
-        line = kBlue + line + QStringLiteral("</FONT>");
+        line = kBlueFont + line + QStringLiteral("</FONT>");
 }
 
 bool isDashRule(const QString& line) {
@@ -182,7 +182,7 @@ void AppendStep2HTMLReport(int iStep, LineFileWriter& out, const HtmlReportInput
         }
         if (line == QStringLiteral("   Health Check Options") ||
             line == QStringLiteral("   Synchronization Statistics"))
-            line = kBlue + line + QStringLiteral("</FONT>");
+            line = kBlueFont + line + QStringLiteral("</FONT>");
         marked << line;
     }
     const QString placeholder =

@@ -1,6 +1,8 @@
 #include "healthcheck/StepReports.h"
 
 #include "core/ErrorCapture.h"
+#include "core/Text.h"
+#include "healthcheck/HealthCheckOptions.h"
 #include "healthcheck/ReportFiles.h"
 #include "logs/LineReader.h"
 
@@ -22,14 +24,6 @@ void repairReport(const QString& reportsFolder, int step, const QString& stateCa
     writeReportEnd(out, stateCaption);
     if (!out.close())
         throw RunTimeError(errnum::PathFileAccessError, "Path/File access error");
-}
-
-QString onOff(bool on) {
-    return on ? QStringLiteral("ON") : QStringLiteral("OFF");
-}
-
-QString fromBytes(const std::string& s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
 }
 
 } // namespace
@@ -87,7 +81,7 @@ void WriteDSTraceResults(const QString& reportsFolder, const QString& stateCapti
     out.line();
     out.line();
     for (const PartitionSyncRecord& r : statistics.PartitionSyncRecords) {
-        const QString title = QStringLiteral("Partition ") + fromBytes(r.Partition);
+        const QString title = QStringLiteral("Partition ") + text::toQString(r.Partition);
         const QString rule(title.size(), u'_');
         out.line(rule);
         out.line(title);
@@ -105,10 +99,10 @@ void WriteDSTraceResults(const QString& reportsFolder, const QString& stateCapti
             const std::size_t slot = static_cast<std::size_t>(i);
             if (r.Server[slot].empty())
                 continue;
-            const QString row =
-                (fromBytes(r.Server[slot]).leftJustified(28) + QString::number(r.Succeeded[slot]))
-                    .leftJustified(42) +
-                QString::number(r.Failed[slot]);
+            const QString row = (text::toQString(r.Server[slot]).leftJustified(28) +
+                                 QString::number(r.Succeeded[slot]))
+                                    .leftJustified(42) +
+                                QString::number(r.Failed[slot]);
             out.line(row);
         }
         out.line();

@@ -3,6 +3,7 @@
 #include "core/Engine.h"
 #include "core/OemText.h"
 #include "core/Text.h"
+#include "logs/GridColumns.h"
 #include "logs/LineLogPass.h"
 #include "logs/MarkColors.h"
 
@@ -12,8 +13,6 @@
 namespace twk {
 
 namespace {
-
-constexpr int kColText = 2;
 
 using Replacement = std::pair<const char*, const char*>;
 
@@ -190,7 +189,7 @@ QString ExtractShortDate(const Engine& engine, int index) {
 void AddAbendLine(Engine& engine, int row, std::string_view line) {
     const AbendLineScan scan = ScanAbendLine(line);
     if (scan.marked)
-        markCell(engine.Grid1, row, kColText, scan.colour);
+        markCell(engine.Grid1, row, abendcol::kText, scan.colour);
     if (!scan.halted)
         return;
     LogAnalysis& a = engine.analysis;
@@ -224,7 +223,7 @@ void ShowAbendLog(Engine& engine, const QString& path) {
         WalkLineRows(engine, path, [&](int row, std::string_view line) {
             text.clear();
             appendOem(text, line, false);
-            grid.setCellText(row, kColText, text);
+            grid.setCellText(row, abendcol::kText, text);
             AddAbendLine(engine, row, text);
         });
         FinishAbendLog(engine, true, true);

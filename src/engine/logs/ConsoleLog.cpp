@@ -4,19 +4,13 @@
 #include "core/OemText.h"
 #include "core/Text.h"
 #include "logs/DateLine.h"
+#include "logs/GridColumns.h"
 #include "logs/LineLogPass.h"
 #include "logs/MarkColors.h"
 
 #include <charconv>
 
 namespace twk {
-
-namespace {
-
-constexpr int kColRow = 1;
-constexpr int kColText = 2;
-
-} // namespace
 
 std::uint32_t ConsoleKindColor(int kind) {
     switch (kind) {
@@ -56,7 +50,7 @@ void MarkConsoleRow(Engine& engine, int row, std::string_view line) {
     const ConsoleLineMarks marks = ConsoleRowIcon(line);
     if (!marks.any())
         return;
-    markCell(engine.Grid1, row, kColText, ConsoleKindColor(marks.colourKind));
+    markCell(engine.Grid1, row, consolecol::kText, ConsoleKindColor(marks.colourKind));
     for (int kind = 1; kind <= kConsoleEventKinds; ++kind) {
         if (!marks.kinds[static_cast<std::size_t>(kind)])
             continue;
@@ -84,9 +78,9 @@ void ShowConsoleLog(Engine& engine, const QString& path) {
             appendOem(text, line, false);
             char number[16];
             const auto end = std::to_chars(number, number + sizeof number, row).ptr;
-            grid.setCellText(row, kColRow,
+            grid.setCellText(row, consolecol::kRow,
                              std::string_view(number, static_cast<std::size_t>(end - number)));
-            grid.setCellText(row, kColText, text);
+            grid.setCellText(row, consolecol::kText, text);
             MarkConsoleRow(engine, row, text);
         });
         FinishConsoleLog(engine);

@@ -4,20 +4,13 @@
 #include "core/OemText.h"
 #include "core/Text.h"
 #include "logs/DateLine.h"
+#include "logs/GridColumns.h"
 #include "logs/LineLogPass.h"
 #include "logs/MarkColors.h"
 
 #include <charconv>
 
 namespace twk {
-
-namespace {
-
-constexpr int kColStatus = 1;
-constexpr int kColNumber = 2;
-constexpr int kColText = 3;
-
-} // namespace
 
 void MarkCronRow(Grid& grid, int row, std::string_view line) {
     std::string lower;
@@ -38,7 +31,7 @@ void MarkCronRow(Grid& grid, int row, std::string_view line) {
         hit(kMarkBlack);
     // The markers colour the line number, not the text: the text stays plain.
     if (marked)
-        markCell(grid, row, kColNumber, colour);
+        markCell(grid, row, croncol::kNumber, colour);
 }
 
 int iCronStatus(std::string_view line) {
@@ -79,12 +72,12 @@ void ShowCronlog(Engine& engine, const QString& path) {
             if (!line.empty() && line.front() == ' ')
                 text = "   ";
             appendOem(text, line, false);
-            grid.setCellIcon(row, kColStatus, status);
+            grid.setCellIcon(row, croncol::kStatus, status);
             char number[16];
             const auto end = std::to_chars(number, number + sizeof number, row).ptr;
-            grid.setCellText(row, kColNumber,
+            grid.setCellText(row, croncol::kNumber,
                              std::string_view(number, static_cast<std::size_t>(end - number)));
-            grid.setCellText(row, kColText, text);
+            grid.setCellText(row, croncol::kText, text);
             MarkCronRow(grid, row, text);
         });
         FinishCronlog(engine);

@@ -9,12 +9,6 @@ namespace twk {
 
 namespace {
 
-const QString kCrLf = QStringLiteral("\r\n");
-
-QString fromView(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 // The event type list leaves out the two empty slots of the name table (images 25, 26).
 bool listedEventType(std::size_t index) {
     return !EventTypeNames[index].empty();
@@ -50,7 +44,7 @@ void FrmFilterSYSLOG::Form_Load() {
     cbEventType.items = QStringList{filterText::kAll};
     for (std::size_t i = 0; i < EventTypeNames.size(); ++i)
         if (listedEventType(i))
-            cbEventType.items << fromView(EventTypeNames[i]);
+            cbEventType.items << text::toQString(EventTypeNames[i]);
     cbEventType.ListIndex = 0;
 
     cbStartDate.items = QStringList{filterText::kFirstEntry, filterText::kSelectedDate};
@@ -67,11 +61,11 @@ void FrmFilterSYSLOG::Form_Load() {
 
     cbSource.items = QStringList{filterText::kAll};
     for (const std::string_view name : LocusNames)
-        cbSource.items << fromView(name);
+        cbSource.items << text::toQString(name);
     cbSource.ListIndex = 0;
     cbCategory.items = QStringList{filterText::kAll};
     for (const std::string_view name : ClassNames)
-        cbCategory.items << fromView(name);
+        cbCategory.items << text::toQString(name);
     cbCategory.ListIndex = 0;
     focus = QStringLiteral("chkInformational");
 }
@@ -90,7 +84,7 @@ void FrmFilterSYSLOG::cbEventType_Click() {
     }
     for (std::size_t i = 0; i < EventTypeNames.size(); ++i)
         if (listedEventType(i) && text::toLower(EventTypeNames[i]) == wanted) {
-            picEvent = fromView(EventTypeKeys[i]);
+            picEvent = text::toQString(EventTypeKeys[i]);
             return;
         }
 }
@@ -189,7 +183,7 @@ FilterCriteria FrmFilterSYSLOG::criteria() const {
 bool FrmFilterSYSLOG::checksPass() {
     UiPort& ui = engine_.ui;
     if (activeCriteriaCount() == 0) {
-        ui.messageBox(QStringLiteral("Please set a filter option     ") + kCrLf +
+        ui.messageBox(QStringLiteral("Please set a filter option     ") + text::kCrLf +
                           QStringLiteral("to continue."),
                       MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
         return false;
@@ -206,8 +200,8 @@ bool FrmFilterSYSLOG::checksPass() {
         return d.isValid() && (d < first || d > last);
     };
     const auto rangeMessage = [&](const QString& headline) {
-        ui.messageBox(headline + kCrLf + QStringLiteral("The valid date range is from     ") +
-                          kCrLf + firstText.trimmed() + QStringLiteral(" to ") +
+        ui.messageBox(headline + text::kCrLf + QStringLiteral("The valid date range is from     ") +
+                          text::kCrLf + firstText.trimmed() + QStringLiteral(" to ") +
                           lastText.trimmed() + QStringLiteral("."),
                       MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
     };
@@ -221,7 +215,7 @@ bool FrmFilterSYSLOG::checksPass() {
     }
     if (calStartDate.visible && calEndDate.visible && calStartDate.Value.isValid() &&
         calEndDate.Value.isValid() && calEndDate.Value < calStartDate.Value) {
-        ui.messageBox(QStringLiteral("Invalid date logic!") + kCrLf + calStartDate.Text() +
+        ui.messageBox(QStringLiteral("Invalid date logic!") + text::kCrLf + calStartDate.Text() +
                           QStringLiteral(" to ") + calEndDate.Text() + QStringLiteral(".     "),
                       MsgIcon::Exclamation, MsgButtons::Ok, kMessageTitle);
         return false;

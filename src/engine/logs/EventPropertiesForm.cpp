@@ -2,6 +2,7 @@
 
 #include "core/Engine.h"
 #include "core/Text.h"
+#include "logs/GridColumns.h"
 #include "logs/ViewFilter.h"
 #include "logs/Vocabulary.h"
 #include "tools/ErrorCodes.h"
@@ -10,14 +11,7 @@ namespace twk {
 
 namespace {
 
-const QString kCrLf = QStringLiteral("\r\n");
 const QString kNoEventType = QStringLiteral("icon not available");
-constexpr int kColIcon = 1, kColDate = 2, kColTime = 3, kColState = 4, kColSource = 5,
-              kColCategory = 6, kColEvent = 7, kColEventIcon = 8, kColErrorNr = 9, kColMessage = 10;
-
-QString fromView(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 bool namesHook(const QString& message) {
     return message.contains(QStringLiteral("file system hook ("), Qt::CaseInsensitive) ||
@@ -131,14 +125,14 @@ bool messageHasDecoding(const QString& message) {
 }
 
 void ShowSourceHelp(Engine& engine, const QString& source) {
-    engine.ui.messageBox(sourceHelpLines(source).join(kCrLf), MsgIcon::Information, MsgButtons::Ok,
-                         QStringLiteral(" Source:  ") + source);
+    engine.ui.messageBox(sourceHelpLines(source).join(text::kCrLf), MsgIcon::Information,
+                         MsgButtons::Ok, QStringLiteral(" Source:  ") + source);
 }
 
 void ShowMessageDecoding(Engine& engine, const QString& message) {
     UiPort& ui = engine.ui;
     if (namesHook(message)) {
-        ui.messageBox(fileSystemHookLines().join(kCrLf), MsgIcon::Information, MsgButtons::Ok,
+        ui.messageBox(fileSystemHookLines().join(text::kCrLf), MsgIcon::Information, MsgButtons::Ok,
                       kMessageTitle);
         return;
     }
@@ -154,7 +148,7 @@ void ShowMessageDecoding(Engine& engine, const QString& message) {
     const QString description =
         code ? NWstrerror(*table, *code)
              : QStringLiteral("The message names no error code that can be read.");
-    ui.messageBox(QStringLiteral("Error Code:  ") + written + kCrLf +
+    ui.messageBox(QStringLiteral("Error Code:  ") + written + text::kCrLf +
                       QStringLiteral("Description: ") + description,
                   MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
 }
@@ -163,8 +157,8 @@ FrmEventProperties::FrmEventProperties(Engine& engine) : engine_(engine) {}
 
 bool FrmEventProperties::open(int gridRow) {
     const Grid& g = engine_.Grid1;
-    if (engine_.view.CurrentView != views::kSysLogErr || g.Cols() < kColMessage || gridRow < 1 ||
-        gridRow > g.Rows())
+    if (engine_.view.CurrentView != views::kSysLogErr || g.Cols() < syscol::kMessage ||
+        gridRow < 1 || gridRow > g.Rows())
         return false;
     fill(gridRow);
     visible = true;
@@ -175,25 +169,25 @@ void FrmEventProperties::fill(int gridRow) {
     const Grid& g = engine_.Grid1;
     row = gridRow;
     const auto cell = [&](int col) {
-        return fromView(text::trim(g.CellText(gridRow, col)));
+        return text::toQString(text::trim(g.CellText(gridRow, col)));
     };
-    lbDate.text = cell(kColDate);
-    lbTime.text = cell(kColTime);
-    lbStatus.text = cell(kColState);
-    lbSource.text = cell(kColSource);
-    lbCategory.text = cell(kColCategory);
-    lbEventNumber.text = cell(kColEvent);
-    lbErrorNumber.text = cell(kColErrorNr);
-    lbErrorMessage.text = cell(kColMessage);
-    picStatus = g.CellIcon(gridRow, kColIcon);
-    picErrorType = g.CellIcon(gridRow, kColEventIcon);
-    lbErrorDesc.text = fromView(EventTypeName(picErrorType));
+    lbDate.text = cell(syscol::kDate);
+    lbTime.text = cell(syscol::kTime);
+    lbStatus.text = cell(syscol::kState);
+    lbSource.text = cell(syscol::kSource);
+    lbCategory.text = cell(syscol::kCategory);
+    lbEventNumber.text = cell(syscol::kEvent);
+    lbErrorNumber.text = cell(syscol::kErrorNr);
+    lbErrorMessage.text = cell(syscol::kMessage);
+    picStatus = g.CellIcon(gridRow, syscol::kIcon);
+    picErrorType = g.CellIcon(gridRow, syscol::kEventIcon);
+    lbErrorDesc.text = text::toQString(EventTypeName(picErrorType));
 
     lbStatus.isLink = lbStatus.text == QStringLiteral("???");
     if (picStatus > kStatusCount - 1)
-        lbStatusDesc.text = fromView(kMissingStatusHelp);
+        lbStatusDesc.text = text::toQString(kMissingStatusHelp);
     else if (picStatus >= 0)
-        lbStatusDesc.text = fromView(StatusHelp[static_cast<std::size_t>(picStatus)]);
+        lbStatusDesc.text = text::toQString(StatusHelp[static_cast<std::size_t>(picStatus)]);
     else
         lbStatusDesc.text.clear();
     lbErrorDesc.isLink = lbErrorDesc.text == kNoEventType;
@@ -207,10 +201,10 @@ void FrmEventProperties::walk(int step) {
     MainView& v = engine_.view;
     const int selected = g.SelectedRow();
     const int limit = step > 0 ? g.Rows() : 1;
-    if (selected == limit || g.Rows() == 0 || g.Cols() < kColMessage)
+    if (selected == limit || g.Rows() == 0 || g.Cols() < syscol::kMessage)
         return;
     int next = selected + step;
-    if (next < 1 || next > g.Rows() || g.CellIcon(next, kColIcon) < 0)
+    if (next < 1 || next > g.Rows() || g.CellIcon(next, syscol::kIcon) < 0)
         return;
     while (next >= 1 && next <= g.Rows() && !g.RowVisible(next))
         next += step;
@@ -218,8 +212,8 @@ void FrmEventProperties::walk(int step) {
         return; // no visible row in that direction: nothing moves
     g.setSelectedRow(next);
     if (!viewIsFiltered(v))
-        v.pane(EntryPos).text =
-            fromView(g.CellText(next, kColEvent)) + QStringLiteral("/") + QString::number(g.Rows());
+        v.pane(EntryPos).text = text::toQString(g.CellText(next, syscol::kEvent)) +
+                                QStringLiteral("/") + QString::number(g.Rows());
     fill(next);
     v.changed();
 }
@@ -259,7 +253,7 @@ QString FrmEventProperties::cmdCopy_Click() const {
     };
     QString text;
     for (const QString& line : lines)
-        text += line + kCrLf;
+        text += line + text::kCrLf;
     return text;
 }
 

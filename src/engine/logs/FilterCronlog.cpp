@@ -3,16 +3,10 @@
 #include "core/Engine.h"
 #include "core/Text.h"
 #include "logs/Cronlog.h"
+#include "logs/GridColumns.h"
 #include "logs/ViewFilter.h"
 
 namespace twk {
-
-namespace {
-
-constexpr int kColStatus = 1;
-constexpr int kColText = 3;
-
-} // namespace
 
 void FilterCronlogModel::txtbAction_GotFocus() {
     if (txtbAction == kPrompt)
@@ -43,7 +37,7 @@ void FilterCronlogModel::step() {
 void FilterCronlogModel::hideRowsWithIcon(int icon) {
     Grid& grid = engine_.Grid1;
     for (int row = 1; row <= grid.Rows(); ++row) {
-        if (grid.CellIcon(row, kColStatus) == icon)
+        if (grid.CellIcon(row, croncol::kStatus) == icon)
             grid.setRowVisible(row, false);
         step();
     }
@@ -53,7 +47,7 @@ void FilterCronlogModel::hideRowsWithoutText(const QString& wanted) {
     Grid& grid = engine_.Grid1;
     const std::string needle = wanted.toStdString();
     for (int row = 1; row <= grid.Rows(); ++row) {
-        if (!text::containsCaseBlind(grid.CellText(row, kColText), needle))
+        if (!text::containsCaseBlind(grid.CellText(row, croncol::kText), needle))
             grid.setRowVisible(row, false);
         step();
     }

@@ -3,15 +3,13 @@
 #include "core/Engine.h"
 #include "core/Text.h"
 #include "logs/CaseBlindFinder.h"
+#include "logs/GridColumns.h"
 #include "logs/LogDate.h"
 #include "logs/ViewFilter.h"
 
 namespace twk {
 
 namespace {
-
-constexpr int kColDate = 2, kColState = 4, kColSource = 5, kColCategory = 6, kColEventIcon = 8,
-              kColErrorNr = 9, kColMessage = 10;
 
 // Runs the passes one after the other; the progress value after a row is the rows of
 // the finished passes plus that row.
@@ -50,10 +48,10 @@ public:
           end_(end.isValid() ? end.toJulianDay() : INT64_MAX) {}
 
     bool inRange(int row) {
-        const StringId id = grid_.cellTextId(row, kColDate);
+        const StringId id = grid_.cellTextId(row, syscol::kDate);
         if (id != lastId_) {
             lastId_ = id;
-            const QDate day = logDateValue(grid_.CellText(row, kColDate));
+            const QDate day = logDateValue(grid_.CellText(row, syscol::kDate));
             lastInRange_ =
                 day.isValid() && day.toJulianDay() >= start_ && day.toJulianDay() <= end_;
         }
@@ -94,21 +92,21 @@ void runFilterPasses(Engine& engine, const FilterCriteria& c) {
     for (std::size_t i = 0; i < kSeverityPassTexts.size(); ++i)
         if (c.hideSeverity[i])
             runner.pass([&, text = kSeverityPassTexts[i]](int r) {
-                return g.CellText(r, kColState) == text;
+                return g.CellText(r, syscol::kState) == text;
             });
     if (c.source)
-        runner.pass([&](int r) { return g.CellText(r, kColSource) != *c.source; });
+        runner.pass([&](int r) { return g.CellText(r, syscol::kSource) != *c.source; });
     if (c.category)
-        runner.pass([&](int r) { return g.CellText(r, kColCategory) != *c.category; });
+        runner.pass([&](int r) { return g.CellText(r, syscol::kCategory) != *c.category; });
     if (c.eventTypeImage >= 0)
-        runner.pass([&](int r) { return g.CellIcon(r, kColEventIcon) != c.eventTypeImage; });
+        runner.pass([&](int r) { return g.CellIcon(r, syscol::kEventIcon) != c.eventTypeImage; });
     if (c.errorNr) {
         const CaseBlindFinder finder(*c.errorNr);
-        runner.pass([&](int r) { return !finder.foundIn(g.CellText(r, kColErrorNr)); });
+        runner.pass([&](int r) { return !finder.foundIn(g.CellText(r, syscol::kErrorNr)); });
     }
     if (c.errorMessage) {
         const CaseBlindFinder finder(*c.errorMessage);
-        runner.pass([&](int r) { return !finder.foundIn(g.CellText(r, kColMessage)); });
+        runner.pass([&](int r) { return !finder.foundIn(g.CellText(r, syscol::kMessage)); });
     }
     if (c.byDate) {
         DateRangeTest test(g, c.start, c.end);

@@ -3,6 +3,7 @@
 #include "core/Engine.h"
 #include "core/Text.h"
 #include "logs/ConsoleLog.h"
+#include "logs/GridColumns.h"
 #include "logs/MarkColors.h"
 
 #include <QtCore/qnamespace.h>
@@ -10,9 +11,6 @@
 namespace twk {
 
 namespace {
-
-constexpr int kColRow = 1;
-constexpr int kColText = 2;
 
 const std::array<const char*, kConsoleEventKinds + 1> kNames = {
     "", " NLM loading Events", " NLM unloading Events", " Error and Warning Messages",
@@ -142,14 +140,14 @@ void GotoConsoleModel::moveTo(int kind, std::int64_t number, std::int64_t total,
     // Only the first event repaints its row, so a row of several lists takes the colour
     // of the list whose first event it is.
     if (first)
-        grid.setCellForeColor(row, kColText, ConsoleKindColor(kind));
+        grid.setCellForeColor(row, consolecol::kText, ConsoleKindColor(kind));
     const QString message =
-        QStringLiteral(" ") + QString::fromUtf8(text::trim(grid.CellText(row, kColText)));
+        QStringLiteral(" ") + QString::fromUtf8(text::trim(grid.CellText(row, consolecol::kText)));
     lbEventMessage.caption = message;
     lbEventMessage.toolTip = message + QStringLiteral(" ");
     MainView& v = engine_.view;
-    v.pane(EntryPos).text = QString::fromUtf8(grid.CellText(row, kColRow)) + QStringLiteral("/") +
-                            QString::number(grid.Rows());
+    v.pane(EntryPos).text = QString::fromUtf8(grid.CellText(row, consolecol::kRow)) +
+                            QStringLiteral("/") + QString::number(grid.Rows());
     v.changed();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/Engine.h"
 #include "core/Text.h"
+#include "logs/GridColumns.h"
 #include "logs/ViewFilter.h"
 
 #include <algorithm>
@@ -9,9 +10,6 @@
 namespace twk {
 
 namespace {
-
-const QString kCrLf = QStringLiteral("\r\n");
-constexpr int kColDate = 2, kColEvent = 7, kColMessage = 10;
 
 std::int64_t numberIn(const Grid& g, int row, int col) {
     return col <= g.Cols() ? text::numericReading(g.CellText(row, col)) : 0;
@@ -106,13 +104,13 @@ void FrmGoto::gotoDate(int total) {
     Grid& g = engine_.Grid1;
     const std::string wanted = txtDate.text.toStdString();
     const int last = std::min(total, g.Rows());
-    if (g.Cols() >= kColEvent)
+    if (g.Cols() >= syscol::kEvent)
         for (int r = 1; r <= last; ++r) {
-            if (text::trim(g.CellText(r, kColDate)) != wanted || !g.RowVisible(r))
+            if (text::trim(g.CellText(r, syscol::kDate)) != wanted || !g.RowVisible(r))
                 continue;
             g.setSelectedRow(r);
             if (!viewIsFiltered(engine_.view))
-                engine_.view.pane(EntryPos).text = QString::number(numberIn(g, r, kColEvent)) +
+                engine_.view.pane(EntryPos).text = QString::number(numberIn(g, r, syscol::kEvent)) +
                                                    QStringLiteral("/") + QString::number(total);
             txtDate.text.clear();
             close();
@@ -148,14 +146,14 @@ void FrmGoto::gotoNumber(int total) {
     }
     // The grid runs ascending when row n holds event n; otherwise it is taken to run
     // descending. Other orders give a wrong row, as they always have.
-    const int target = numberIn(g, n, kColEvent) == n ? n : total - n + 1;
+    const int target = numberIn(g, n, syscol::kEvent) == n ? n : total - n + 1;
     if (target < 1 || target > g.Rows()) {
         invalid();
         return;
     }
     if (!g.RowVisible(target)) {
         ui.messageBox(QStringLiteral("Event ") + txtEvent.text +
-                          QStringLiteral(" is not visible,") + kCrLf +
+                          QStringLiteral(" is not visible,") + text::kCrLf +
                           QStringLiteral("the view is currently filtered.     "),
                       MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
         txtEvent.text.clear();
@@ -193,7 +191,7 @@ void showAbend(Engine& engine, int number) {
 void notVisible(Engine& engine, bool firstEvent) {
     engine.ui.messageBox((firstEvent ? QStringLiteral("The first event is not visible,     ")
                                      : QStringLiteral("The last event is not visible,     ")) +
-                             kCrLf + QStringLiteral("the view is currently filtered."),
+                             text::kCrLf + QStringLiteral("the view is currently filtered."),
                          MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
 }
 
@@ -206,11 +204,11 @@ void JumpToEntry(Engine& engine, EntryEnd end) {
         const QString& kind = v.CurrentView;
         const int rows = g.Rows();
         const QString total = QString::number(rows);
-        if (kind == views::kSysLogErr && g.Cols() >= kColMessage) {
+        if (kind == views::kSysLogErr && g.Cols() >= syscol::kMessage) {
             const std::int64_t wanted = end == EntryEnd::First ? 1 : rows;
             int target = 0;
             for (int r = 1; r <= rows && target == 0; ++r)
-                if (numberIn(g, r, kColEvent) == wanted)
+                if (numberIn(g, r, syscol::kEvent) == wanted)
                     target = r;
             if (target == 0)
                 return;
@@ -221,7 +219,7 @@ void JumpToEntry(Engine& engine, EntryEnd end) {
             g.setSelectedRow(target);
             if (!viewIsFiltered(v))
                 v.pane(EntryPos).text = QString::number(wanted) + QStringLiteral("/") + total;
-            v.pane(Tips).text = QString::fromUtf8(g.CellText(target, kColMessage));
+            v.pane(Tips).text = QString::fromUtf8(g.CellText(target, syscol::kMessage));
         } else if (kind == views::kConsoleLog || kind == views::kCronlog) {
             if (rows == 0)
                 return;

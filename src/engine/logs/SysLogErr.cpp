@@ -4,6 +4,7 @@
 #include "core/OemText.h"
 #include "core/Text.h"
 #include "logs/DateLine.h"
+#include "logs/GridColumns.h"
 #include "logs/LogPipeline.h"
 #include "logs/PassProgress.h"
 #include "logs/Vocabulary.h"
@@ -113,9 +114,6 @@ LanguageDecision detectLanguage(const QString& path) {
 
 namespace {
 
-constexpr int kColIcon = 1, kColDate = 2, kColTime = 3, kColState = 4, kColSource = 5,
-              kColCategory = 6, kColEvent = 7, kColEventIcon = 8, kColErrorNr = 9, kColMessage = 10;
-
 // The decimal text of numbers that mostly follow each other: the next one is counted
 // up in place instead of converted.
 class DecimalCounter {
@@ -161,21 +159,21 @@ public:
     void write(int row, const SysLogEntry& e, int eventNumber) {
         StringId* text = grid_.rowTextIds(row) - 1; // so that text[col] is column col
         std::int8_t* icon = grid_.rowIcons(row) - 1;
-        icon[kColIcon] = static_cast<std::int8_t>(e.statusIcon);
-        text[kColDate] = e.dateId;
-        text[kColTime] = e.timeId;
-        text[kColState] = cached(stateIds_, e.severity, e.state);
-        text[kColSource] = cached(sourceIds_, e.locus, e.source);
-        text[kColCategory] = cached(categoryIds_, e.klass, e.category);
+        icon[syscol::kIcon] = static_cast<std::int8_t>(e.statusIcon);
+        text[syscol::kDate] = e.dateId;
+        text[syscol::kTime] = e.timeId;
+        text[syscol::kState] = cached(stateIds_, e.severity, e.state);
+        text[syscol::kSource] = cached(sourceIds_, e.locus, e.source);
+        text[syscol::kCategory] = cached(categoryIds_, e.klass, e.category);
         // The number is written straight into the pool.
         const std::string_view digits = numbers_.text(eventNumber);
         pool_.beginText();
         std::memcpy(pool_.reserveText(DecimalCounter::kRoom), digits.data(), DecimalCounter::kRoom);
         pool_.advanceText(digits.size());
-        text[kColEvent] = pool_.finishText();
-        icon[kColEventIcon] = static_cast<std::int8_t>(e.eventIcon);
-        text[kColErrorNr] = e.errorNrId;
-        text[kColMessage] = e.messageId;
+        text[syscol::kEvent] = pool_.finishText();
+        icon[syscol::kEventIcon] = static_cast<std::int8_t>(e.eventIcon);
+        text[syscol::kErrorNr] = e.errorNrId;
+        text[syscol::kMessage] = e.messageId;
     }
 
 private:
@@ -310,13 +308,13 @@ void ShowSysLogErr(Engine& engine, const QString& path) {
         }
 
         if (grid.Rows() > 0)
-            v.pane(LastEntry).text = QString::fromUtf8(text::trim(grid.CellText(1, kColDate)));
+            v.pane(LastEntry).text = QString::fromUtf8(text::trim(grid.CellText(1, syscol::kDate)));
         grid.setSelectedRow(grid.Rows() > 0 ? 1 : 0);
         grid.setRedraw(true);
         v.CurrentView = views::kSysLogErr;
         v.setMenusLogOpen(views::kSysLogErr);
         if (grid.Rows() > 0)
-            v.pane(EntryPos).text = QString::fromUtf8(grid.CellText(1, kColEvent)) +
+            v.pane(EntryPos).text = QString::fromUtf8(grid.CellText(1, syscol::kEvent)) +
                                     QStringLiteral("/") + QString::number(grid.Rows());
         v.pane(Tips).text = QStringLiteral("double click here to view the error message...");
         v.changed();

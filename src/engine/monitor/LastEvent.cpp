@@ -15,10 +15,6 @@ namespace {
 
 constexpr int kSeverityLineDepth = 21; // lines 0 to 20 may hold the severity line
 
-QString utf8(const std::string& s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 // One code of the severity line: the number at `offset` behind its label, `width`
 // digits, looked up in `names`. A missing label gives "???"; a number at or above
 // `validBelow` gives "???" as well unless the table is not guarded (the German class).
@@ -185,7 +181,7 @@ LastEvent ParseLastEvent(const LastLines& lines, const QString& language) {
     const std::string lowerHeader = text::toLower(header);
     const std::string_view marker = timeMarker(lowerHeader, p + 10);
     event.date = MonitorDateValue(date, marker.empty() ? time : time + " " + std::string(marker));
-    event.errorNumber = u' ' + utf8(oemToUtf8(text::mid(header, p + 16, 30)));
+    event.errorNumber = u' ' + text::toQString(oemToUtf8(text::mid(header, p + 16, 30)));
 
     // Severity line: the three codes behind their labels.
     const std::string severityLine = lines.line(depth);
@@ -214,7 +210,7 @@ LastEvent ParseLastEvent(const LastLines& lines, const QString& language) {
         else
             appendOem(message, trimmed, n == depth - 1);
     }
-    event.message = utf8(message);
+    event.message = text::toQString(message);
     event.eventImage = iEventType(message, english ? LogLanguage::English : LogLanguage::German);
     return event;
 }

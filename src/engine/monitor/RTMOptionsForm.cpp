@@ -12,8 +12,6 @@ namespace twk {
 
 namespace {
 
-constexpr Hive kUser = Hive::CurrentUser;
-const QString kDisabledMark = QStringLiteral("- ");
 const QString kIpBoxTitle = QStringLiteral("Tarnwick ");
 constexpr int kIpMaxLength = 15;
 

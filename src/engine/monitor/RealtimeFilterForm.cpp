@@ -18,10 +18,6 @@ namespace {
 constexpr int kEventTypeCount = 24; // "(all)" and 23 types
 constexpr int kNTEventLogIds = 9999;
 
-QString q(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 void select(ListState& list, int index) {
     list.ListIndex = index >= 0 && index < list.items.size() ? index : -1;
 }
@@ -50,21 +46,21 @@ FrmRealtimeFilter::FrmRealtimeFilter(Engine& engine) : engine_(engine) {
                       QStringLiteral("FAILURE")};
     cbSrvLed.icons = {led::kOnline, led::kWarning, led::kFailure};
     for (int i = 0; i <= 7; ++i) {
-        cbStatusIcon.items << q(sStatusIcon(static_cast<std::int16_t>(i))) + u' ';
+        cbStatusIcon.items << text::toQString(sStatusIcon(static_cast<std::int16_t>(i))) + u' ';
         cbStatusIcon.icons << ruleStatusImage(i);
     }
     for (int i = 0; i < kEventTypeCount; ++i)
-        cbEventTypeFilterRule.items << q(sEventType(static_cast<std::int16_t>(i)));
+        cbEventTypeFilterRule.items << text::toQString(sEventType(static_cast<std::int16_t>(i)));
     for (int i = 0; i <= kLocusCount; ++i)
-        cbSourceFilterRule.items << q(sSource(static_cast<std::int16_t>(i)));
+        cbSourceFilterRule.items << text::toQString(sSource(static_cast<std::int16_t>(i)));
     for (int i = 0; i <= kClassCount; ++i)
-        cbCategoryFilterRule.items << q(sCategory(static_cast<std::int16_t>(i)));
+        cbCategoryFilterRule.items << text::toQString(sCategory(static_cast<std::int16_t>(i)));
     for (const auto name : kSyslogFacilities)
-        cbFacility.items << q(name);
+        cbFacility.items << text::toQString(name);
     for (const auto name : kSyslogLevels)
-        cbLevel.items << q(name);
+        cbLevel.items << text::toQString(name);
     for (const auto name : RuleCategories)
-        cbNTEventLogCategory.items << q(name);
+        cbNTEventLogCategory.items << text::toQString(name);
     cbNTEventLogID.items.reserve(kNTEventLogIds);
     for (int i = 1; i <= kNTEventLogIds; ++i)
         cbNTEventLogID.items << QString::number(i);

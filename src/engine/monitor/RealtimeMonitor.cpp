@@ -17,8 +17,6 @@ namespace twk {
 
 namespace {
 
-constexpr Hive kUser = Hive::CurrentUser;
-const QString kDisabledMark = QStringLiteral("- ");
 const QString kDebugSuffix = QStringLiteral("   [DEBUG MODE=ON]");
 constexpr int kDefaultIntervalSeconds = 60;
 constexpr int kEchoBytes = 32;
@@ -29,11 +27,6 @@ constexpr int kCyclesPerCompaction = 64;
 
 QString intervalKey() {
     return twkKey(QStringLiteral("Realtime Monitor\\Interval"));
-}
-
-void statusBar(Engine& engine, const QString& text) {
-    engine.view.simpleMode = !text.isEmpty();
-    engine.view.simpleText = text;
 }
 
 void statusPanel(Engine& engine, const QString& text) {
@@ -119,7 +112,7 @@ void endRun(Engine& engine) {
     rtm.icon = QStringLiteral("RTMONITOROFF");
     for (const char* name : {"mnuErrCode", "mnuTID", "mnuHealthCheck"})
         v.menu(QLatin1String(name)).enabled = true;
-    statusBar(engine, {});
+    engine.view.showSimpleText({});
     engine.alerts->MonitorStopped();
 }
 
@@ -348,8 +341,9 @@ void ReadLastEvent(Engine& engine, const QString& serverName, const QString& lan
                 g.Cols() < rtmcol::kMessage)
                 throw RunTimeError(errnum::SubscriptOutOfRange, "Subscript out of range");
             const MonitoredServer& server = record(engine, index);
-            statusBar(engine, QStringLiteral("Getting the last SYS$LOG.ERR Event of Server ") +
-                                  serverName + QStringLiteral("..."));
+            engine.view.showSimpleText(
+                QStringLiteral("Getting the last SYS$LOG.ERR Event of Server ") + serverName +
+                QStringLiteral("..."));
             const QString local = readableServerLog(engine, serverName);
             if (server.FileSize == 0 || local.isEmpty()) {
                 ServerPingTest(engine, server.IPAddress, gridRow);
@@ -362,7 +356,7 @@ void ReadLastEvent(Engine& engine, const QString& serverName, const QString& lan
                 g.setCellBackColor(gridRow, rtmcol::kState, rtmcolor::kWhite);
                 g.setCellIcon(gridRow, rtmcol::kEventIcon, 24);
                 g.setCellBackColor(gridRow, rtmcol::kEventIcon, rtmcolor::kWhite);
-                statusBar(engine, {});
+                engine.view.showSimpleText({});
                 return;
             }
             g.setRedraw(false);
@@ -376,7 +370,7 @@ void ReadLastEvent(Engine& engine, const QString& serverName, const QString& lan
             g.setCellText(gridRow, rtmcol::kErrorNr, event.errorNumber.toStdString());
             g.setCellText(gridRow, rtmcol::kMessage, event.message.toStdString());
             g.setRedraw(true);
-            statusBar(engine, {});
+            engine.view.showSimpleText({});
             engine.view.changed();
             engine.yieldNow();
         });
@@ -395,7 +389,7 @@ void ServerPingTest(Engine& engine, const QString& ipAddress, int gridRow) {
                                                                          : StateRow::Offline;
         }
         WriteStateRow(engine, gridRow, state);
-        statusBar(engine, {});
+        engine.view.showSimpleText({});
         engine.view.changed();
         engine.yieldNow();
     });

@@ -37,6 +37,9 @@ inline const QString kTimestamp = QStringLiteral(" last monitoring timestamp: ")
 inline const QString kLastEventNotFound = QStringLiteral("last event not found!");
 } // namespace rtmText
 
+/// Stands before the name of a server whose monitoring is switched off.
+inline const QString kDisabledMark = QStringLiteral("- ");
+
 /// The registry key of the monitored servers (value name: server, data: IP address).
 QString monitorServersKey();
 /// The monitor runs: its view is the grid's.

@@ -26,15 +26,10 @@ bool isSingleServerName(const QString& name) {
     return true;
 }
 
-MonitoredServer* record(Engine& engine, int index) {
+MonitoredServer* recordAt(Engine& engine, int index) {
     if (index < 0 || index >= kMonitorCapacity)
         return nullptr;
     return &engine.monitor.MonitorServers[static_cast<std::size_t>(index)];
-}
-
-void statusBar(Engine& engine, const QString& text) {
-    engine.view.simpleMode = !text.isEmpty();
-    engine.view.simpleText = text;
 }
 
 } // namespace
@@ -69,26 +64,26 @@ QString readableServerLog(Engine& engine, const QString& serverName) {
 }
 
 std::int32_t GetServerFileSize(Engine& engine, const QString& serverName, int index) {
-    statusBar(engine, QStringLiteral("Getting the SYS$LOG.ERR file size of Server ") + serverName +
-                          QStringLiteral("..."));
+    engine.view.showSimpleText(QStringLiteral("Getting the SYS$LOG.ERR file size of Server ") +
+                               serverName + QStringLiteral("..."));
     const auto info = readableServerLogInfo(engine, serverName);
     // The table keeps 32 bits of the size: enough to see that it changed.
     const auto size = !info ? std::int32_t{0}
                             : static_cast<std::int32_t>(static_cast<std::uint32_t>(
                                   static_cast<std::uint64_t>(info->size())));
     if (size == 0)
-        if (MonitoredServer* server = record(engine, index))
+        if (MonitoredServer* server = recordAt(engine, index))
             server->Language = kEnglish;
-    statusBar(engine, {});
+    engine.view.showSimpleText({});
     return size;
 }
 
 QString ReadServerLanguage(Engine& engine, const QString& serverName, int index) {
-    MonitoredServer* server = record(engine, index);
+    MonitoredServer* server = recordAt(engine, index);
     if (server != nullptr && !server->Language.isEmpty())
         return server->Language;
-    statusBar(engine, QStringLiteral("Looking for the Server Language of Server ") + serverName +
-                          QStringLiteral("..."));
+    engine.view.showSimpleText(QStringLiteral("Looking for the Server Language of Server ") +
+                               serverName + QStringLiteral("..."));
     QString language = kEnglish;
     const QString local = readableServerLog(engine, serverName);
     if (!local.isEmpty()) {
@@ -108,7 +103,7 @@ QString ReadServerLanguage(Engine& engine, const QString& serverName, int index)
     }
     if (server != nullptr)
         server->Language = language;
-    statusBar(engine, {});
+    engine.view.showSimpleText({});
     return language;
 }
 

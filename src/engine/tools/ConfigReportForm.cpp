@@ -52,11 +52,11 @@ bool namesInOrder(const QString& a, const QString& b) {
 const QString kTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
 constexpr int kMaxReports = 1000;
 constexpr int kWaitRounds = 66000;
-constexpr int kWaitRoundMs = 10;
+constexpr int kReportWaitRoundMs = 10;
 constexpr int kReportSeconds = 180;
 constexpr int kLockCheckEvery = 5;
 
-bool serverFileExists(Engine& engine, const QString& unc) {
+bool serverFileAccessible(Engine& engine, const QString& unc) {
     return engine.network->files().accessError(unc) == 0;
 }
 
@@ -132,7 +132,7 @@ void FrmConfigReport::cbServer_GotFocus() {
 QString FrmConfigReport::fnReportName(const QString& server) const {
     for (int n = 1; n <= kMaxReports; ++n) {
         const QString name = configReportText::kReportPrefix + QString::number(n) + ".txt";
-        if (!serverFileExists(engine_, sysSystemUnc(server, name)))
+        if (!serverFileAccessible(engine_, sysSystemUnc(server, name)))
             return name;
     }
     return {};
@@ -152,8 +152,8 @@ void FrmConfigReport::cmdCreateReport_Click() {
         const QString server = this->server();
         if (server.isEmpty())
             return;
-        serverFileExists(engine_, sysSystemUnc(server, QStringLiteral("SYS$LOG.ERR"))); // wakes
-        if (!serverFileExists(engine_, sysSystemUnc(server, QStringLiteral("CONFIG.NLM")))) {
+        serverFileAccessible(engine_, sysSystemUnc(server, QStringLiteral("SYS$LOG.ERR"))); // wakes
+        if (!serverFileAccessible(engine_, sysSystemUnc(server, QStringLiteral("CONFIG.NLM")))) {
             engine_.ui.messageBox(NoConfigNlmText(server), MsgIcon::Critical, MsgButtons::Ok,
                                   kMessageTitle);
             return;
@@ -177,7 +177,7 @@ void FrmConfigReport::cmdCreateReport_Click() {
         configTimer_ = engine_.clock->startTimer(1000, [this] { ConfigTimer_Timer(); });
         notify();
         for (int round = 0; configTimerEnabled() && round < kWaitRounds && !closed; ++round)
-            engine_.clock->sleep(kWaitRoundMs, engine_.ui);
+            engine_.clock->sleep(kReportWaitRoundMs, engine_.ui);
         stopTimer(configTimer_);
         WaitMode.clear();
 

@@ -14,8 +14,6 @@ namespace twk {
 
 namespace {
 
-constexpr Hive kUser = Hive::CurrentUser;
-
 struct TextDefault {
     const char* name;
     const char* value;

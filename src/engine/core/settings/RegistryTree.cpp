@@ -1,4 +1,5 @@
 #include "core/settings/RegistryTree.h"
+#include "core/Text.h"
 
 #include <QtEndian>
 
@@ -6,21 +7,13 @@
 
 namespace twk {
 
-namespace {
-
-bool sameName(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-} // namespace
-
 RegValue* RegKey::findValue(const QString& valueName) {
     return const_cast<RegValue*>(std::as_const(*this).findValue(valueName));
 }
 
 const RegValue* RegKey::findValue(const QString& valueName) const {
     for (const RegValue& v : values)
-        if (sameName(v.name, valueName))
+        if (text::sameName(v.name, valueName))
             return &v;
     return nullptr;
 }
@@ -31,7 +24,7 @@ RegKey* RegKey::findSubkey(const QString& keyName) {
 
 const RegKey* RegKey::findSubkey(const QString& keyName) const {
     for (const RegKey& k : subkeys)
-        if (sameName(k.name, keyName))
+        if (text::sameName(k.name, keyName))
             return &k;
     return nullptr;
 }
@@ -86,7 +79,7 @@ bool RegistryTree::remove(Hive hive, const QString& keyPath) {
     if (parent == nullptr)
         return false;
     const auto it = std::find_if(parent->subkeys.begin(), parent->subkeys.end(),
-                                 [&last](const RegKey& k) { return sameName(k.name, last); });
+                                 [&last](const RegKey& k) { return text::sameName(k.name, last); });
     if (it == parent->subkeys.end())
         return false;
     parent->subkeys.erase(it);

@@ -13,6 +13,8 @@
 namespace twk {
 
 enum class Hive { CurrentUser, LocalMachine, ClassesRoot };
+/// The hive of the user's own settings, where most of them live.
+inline constexpr Hive kUser = Hive::CurrentUser;
 
 /// Value types, numbered as the registry numbers them. A value read from a file may
 /// carry any other number; it is kept and written back unchanged.

@@ -12,7 +12,7 @@ namespace {
 
 const QString kEventForwardingKey = twkKey(QStringLiteral("Realtime Monitor\\Event Forwarding"));
 const QString kConvertedFlag = QStringLiteral("RTMConvert");
-const QString kTempFile = QStringLiteral("twk.new");
+const QString kConvertTempFile = QStringLiteral("twk.new");
 
 constexpr qsizetype kFieldsBeforeForwarding = 16;
 constexpr qsizetype kSyslogPriorityIndex = 11; // field 12
@@ -40,7 +40,7 @@ void MigrateRtmConvert(Registry& registry, const AppPaths& paths) {
         const qsizetype section = indexOfLineHolding(converted, kRealtimeMonitorSection);
         for (qsizetype i = section < 0 ? converted.size() : section + 1; i < converted.size(); ++i)
             converted[i] = convertedRuleLine(converted[i]);
-        if (converted != *lines && !ini.replaceLines(converted, kTempFile))
+        if (converted != *lines && !ini.replaceLines(converted, kConvertTempFile))
             return;
     }
     registry.Reg_SetDWord(Hive::CurrentUser, kEventForwardingKey, kConvertedFlag, 1);
