@@ -44,6 +44,7 @@ QTableView* makeView(const char* name, ReportRowsModel* model, QWidget* parent) 
     view->setWordWrap(false);
     view->setShowGrid(false);
     view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view->setAutoScroll(false); // the window scrolls to the rows it chooses itself
     return view;
 }
 
@@ -99,15 +100,17 @@ ConfigViewerWindow::ConfigViewerWindow(QString networkFolder, QWidget* parent)
     setCentralWidget(main);
     statusBar()->addPermanentWidget(summary_);
 
-    // The two sides scroll together.
-    connect(leftView_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
-        if (rightView_->verticalScrollBar()->value() != value)
-            rightView_->verticalScrollBar()->setValue(value);
-    });
-    connect(rightView_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
-        if (leftView_->verticalScrollBar()->value() != value)
-            leftView_->verticalScrollBar()->setValue(value);
-    });
+    // The two sides scroll together, down and across.
+    const auto together = [this](QScrollBar* from, QScrollBar* to) {
+        connect(from, &QScrollBar::valueChanged, this, [to](int value) {
+            if (to->value() != value)
+                to->setValue(value);
+        });
+    };
+    together(leftView_->verticalScrollBar(), rightView_->verticalScrollBar());
+    together(rightView_->verticalScrollBar(), leftView_->verticalScrollBar());
+    together(leftView_->horizontalScrollBar(), rightView_->horizontalScrollBar());
+    together(rightView_->horizontalScrollBar(), leftView_->horizontalScrollBar());
     connect(leftView_, &QTableView::clicked, this,
             [this](const QModelIndex& index) { rowChosen(index.row(), false); });
     connect(rightView_, &QTableView::clicked, this,
@@ -282,7 +285,11 @@ void ConfigViewerWindow::goToRow(int row) {
         const QModelIndex index = view->model()->index(row, 1);
         view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                            QItemSelectionModel::Rows);
-        view->scrollTo(index, QAbstractItemView::PositionAtCenter);
+        // Scrolled down only, the row in the middle: the text column is wider than the
+        // view, and scrolling across to it would hide the line numbers.
+        const int rowHeight = std::max(1, view->verticalHeader()->defaultSectionSize());
+        const int visibleRows = std::max(1, view->viewport()->height() / rowHeight);
+        view->verticalScrollBar()->setValue(std::max(0, row - visibleRows / 2));
     }
 }
 

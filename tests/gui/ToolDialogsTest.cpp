@@ -19,6 +19,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
 
@@ -101,6 +102,11 @@ TEST_F(ToolDialogsTest, TheViewerComparesTwoReportsOfTheDemoServer) {
     EXPECT_EQ(viewer.rightView()->currentIndex().row(), viewer.currentRow());
     QTest::keyClick(&viewer, Qt::Key_F8, Qt::ShiftModifier);
     EXPECT_EQ(viewer.currentRow(), c.differences[0].firstRow);
+    for (const QTableView* side : {viewer.leftView(), viewer.rightView()})
+        EXPECT_EQ(side->horizontalScrollBar()->value(), 0) << "the line numbers stay in view";
+    viewer.leftView()->horizontalScrollBar()->setValue(40);
+    EXPECT_EQ(viewer.rightView()->horizontalScrollBar()->value(), 40) << "both move across";
+    viewer.leftView()->horizontalScrollBar()->setValue(0);
 
     viewer.findField()->setText("ntpj");
     ASSERT_TRUE(viewer.find(true)) << "only the right report has it";

@@ -173,6 +173,11 @@ TEST_F(Update, AnAddressThatDoesNotAnswerEndsTheCheckInTime) {
     EXPECT_GT(t.ui.yields - yieldsBefore, 10) << "the window stayed responsive";
     SetUpdateServer(t.engine->registry, "ftp://somewhere");
     EXPECT_TRUE(UpdateUrl(t.engine->registry, "twk.version").isEmpty()) << "only http(s)";
+    form.GetInternetRelease();
+    EXPECT_EQ(form.lbStatus.text,
+              "No update server is set (Software\\Brindlex\\TWK\\Update, \"Server\").");
+    EXPECT_EQ(form.lbInternetRelease.text, "?.?.?");
+    EXPECT_TRUE(form.cmdCheckNow.enabled);
 }
 
 TEST_F(Update, TheDialogShowsBothReleasesAndWhatToDo) {

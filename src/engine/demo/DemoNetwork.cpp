@@ -72,6 +72,9 @@ bool writeFile(const QString& path, const QByteArray& bytes, const QDateTime& mo
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
         return false;
+    // Written out first: closing the file with bytes still buffered would stamp it now.
+    if (!file.flush())
+        return false;
     if (modified.isValid())
         file.setFileTime(modified, QFileDevice::FileModificationTime);
     return true;

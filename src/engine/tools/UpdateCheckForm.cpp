@@ -60,6 +60,13 @@ void FrmUpdateCheck::Form_Load() {
 
 void FrmUpdateCheck::GetInternetRelease() {
     withErrorTail(engine_.errors, "frmUpdateCheck.GetInternetRelease()", [&] {
+        if (UpdateUrl(engine_.registry, updateFiles::kVersion).isEmpty()) {
+            lbInternetRelease.text = updateText::kNoRelease;
+            lbStatus = {updateText::kNoServer, true, updateColor::kFailed};
+            cmdCheckNow.enabled = true;
+            notify();
+            return;
+        }
         lbStatus = {updateText::kInProgress, true, updateColor::kWorking};
         notify();
         Release published;

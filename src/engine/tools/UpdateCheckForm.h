@@ -22,6 +22,9 @@ inline const QString kNoRelease = QStringLiteral("?.?.?");
 inline const QString kUnknownRelease = QStringLiteral("unknown");
 inline const QString kError = QStringLiteral("ERROR!");
 inline const QString kNoAnswer = QStringLiteral("The update server did not answer!");
+/// No http(s) address to ask: the check makes no request at all.
+inline const QString kNoServer =
+    QStringLiteral("No update server is set (Software\\Brindlex\\TWK\\Update, \"Server\").");
 inline const QString kNewUpdate = QStringLiteral("There is a new update available!");
 inline const QString kUpToDate = QStringLiteral("This release is up to date!");
 inline const QString kNotAvailable = QStringLiteral("n/a");
