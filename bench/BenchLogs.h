@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <vector>
 
 #include <fcntl.h>
@@ -67,6 +68,29 @@ inline QString cachedSysLog(const QString& fileName, const demo::SysLogErrOption
         return {};
     }
     return path;
+}
+
+/// `name` in the benchmarks' temporary folder, filled with `piece(i)` for i = 0, 1, ...
+/// until it holds `megabytes`; written under another name first, so that a cut-off run
+/// leaves nothing half done. Empty when it could not be written.
+inline QString cachedFile(const QString& name, int megabytes,
+                          const std::function<QByteArray(int)>& piece) {
+    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
+    QDir().mkpath(folder);
+    const QString path = folder + QLatin1Char('/') + name;
+    if (QFileInfo::exists(path))
+        return path;
+    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
+    const QString partial = path + QStringLiteral(".partial");
+    QFile file(partial);
+    if (!file.open(QIODevice::WriteOnly))
+        return {};
+    const qint64 target = static_cast<qint64>(megabytes) * 1024 * 1024;
+    for (int i = 0; file.size() < target; ++i)
+        if (file.write(piece(i)) < 0)
+            return {};
+    file.close();
+    return QFile::rename(partial, path) ? path : QString();
 }
 
 /// An engine on a throw-away folder tree, showing nothing.

@@ -24,28 +24,6 @@ constexpr double kMB = 1024.0 * 1024.0;
 // Inside the years the replica rule takes (2000 to 2020).
 const QDateTime kNow(QDate(2019, 5, 6), QTime(10, 0, 0));
 
-/// `name` in the benchmarks' folder, filled with `piece(i)` for i = 0, 1, ... until it
-/// holds `megabytes`.
-QString cachedFile(const QString& name, int megabytes,
-                   const std::function<QByteArray(int)>& piece) {
-    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
-    QDir().mkpath(folder);
-    const QString path = folder + QLatin1Char('/') + name;
-    if (QFileInfo::exists(path))
-        return path;
-    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
-    const QString partial = path + QStringLiteral(".partial");
-    QFile file(partial);
-    if (!file.open(QIODevice::WriteOnly))
-        return {};
-    const qint64 target = static_cast<qint64>(megabytes) * 1024 * 1024;
-    for (int i = 0; file.size() < target; ++i)
-        if (file.write(piece(i)) < 0)
-            return {};
-    file.close();
-    return QFile::rename(partial, path) ? path : QString();
-}
-
 const twk::NetworkDescription& directory() {
     static const twk::NetworkDescription d = twk::demo::demoDirectory(kNow);
     return d;
@@ -71,7 +49,7 @@ QByteArray traceNoise(int block) {
 
 QString traceFile() {
     static const QString path =
-        cachedFile(QStringLiteral("dstrace-100MB-v2.dbg"), 100, [](int block) {
+        twk::bench::cachedFile(QStringLiteral("dstrace-100MB-v2.dbg"), 100, [](int block) {
             return twk::dsTraceBlock(twk::DsTraceKind::Sync, directory(), fs2(), block) +
                    traceNoise(block);
         });
@@ -79,12 +57,13 @@ QString traceFile() {
 }
 
 QString repairFile() {
-    static const QString path = cachedFile(QStringLiteral("dsrepair-10MB.log"), 10, [](int run) {
-        const twk::DsRepairRun kinds[] = {twk::DsRepairRun::VersionsAndTime,
-                                          twk::DsRepairRun::ReplicaSync,
-                                          twk::DsRepairRun::ExternalReferences};
-        return twk::dsRepairLogText(kinds[run % 3], directory(), fs2(), kNow);
-    });
+    static const QString path =
+        twk::bench::cachedFile(QStringLiteral("dsrepair-10MB.log"), 10, [](int run) {
+            const twk::DsRepairRun kinds[] = {twk::DsRepairRun::VersionsAndTime,
+                                              twk::DsRepairRun::ReplicaSync,
+                                              twk::DsRepairRun::ExternalReferences};
+            return twk::dsRepairLogText(kinds[run % 3], directory(), fs2(), kNow);
+        });
     return path;
 }
 

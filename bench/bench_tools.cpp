@@ -21,7 +21,7 @@ namespace {
 
 using namespace twk;
 
-constexpr qint64 kReportBytes = qint64(100) << 20;
+constexpr int kReportMegabytes = 100;
 
 ServerEntry benchServer() {
     ServerEntry fs1;
@@ -34,33 +34,19 @@ ServerEntry benchServer() {
     return fs1;
 }
 
-// The report file `name` in the benchmarks' temporary folder, written when it is not
-// there yet (under another name first, so that a cut-off run leaves nothing half done).
+// The report `name` in the benchmarks' temporary folder: reports of the server one
+// after the other, ten minutes apart, until it holds 100 MB.
 QString cachedReport(const QString& name, ConfigState state) {
-    const QString folder = QDir::tempPath() + QStringLiteral("/tarnwick-bench");
-    QDir().mkpath(folder);
     const ServerEntry server = benchServer();
     const QDateTime start(QDate(2024, 5, 6), QTime(10, 0));
-    const QByteArray sample = writeConfigReport(server, start, state);
-    const QString fingerprint = QString::fromLatin1(
-        QCryptographicHash::hash(sample, QCryptographicHash::Sha1).toHex().left(10));
-    const QString path = folder + u'/' + name + u'-' + fingerprint + QStringLiteral(".txt");
-    if (QFileInfo::exists(path))
-        return path;
-    std::fprintf(stderr, "generating %s ...\n", qPrintable(path));
-    const QString partial = path + QStringLiteral(".partial");
-    QFile file(partial);
-    if (!file.open(QIODevice::WriteOnly))
-        return {};
     const qint64 ageDays = state == ConfigState::Current ? 0 : 9;
-    for (int i = 0; file.size() < kReportBytes; ++i)
-        file.write(writeConfigReport(server, start.addSecs(600 * i).addDays(-ageDays), state));
-    file.close();
-    if (!QFile::rename(partial, path)) {
-        QFile::remove(partial);
-        return {};
-    }
-    return path;
+    const auto report = [&](int i) {
+        return writeConfigReport(server, start.addSecs(600 * i).addDays(-ageDays), state);
+    };
+    const QString fingerprint = QString::fromLatin1(
+        QCryptographicHash::hash(report(0), QCryptographicHash::Sha1).toHex().left(10));
+    return bench::cachedFile(name + u'-' + fingerprint + QStringLiteral(".txt"), kReportMegabytes,
+                             report);
 }
 
 const QString& leftReport() {
