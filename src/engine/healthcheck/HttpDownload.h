@@ -1,7 +1,8 @@
 #pragma once
-// One file fetched over HTTP with libcurl into a local file. The transfer reports its
-// progress to a callback, which lets the event loop run and may end the transfer; a
-// file that did not arrive whole is removed.
+// One file fetched over HTTP into a local file, by the program's one HTTP reader
+// (tools/HttpTransfer). The transfer reports its progress to a callback at each of its
+// steps, which lets the event loop run and may end the transfer; a file that did not
+// arrive whole is removed.
 
 #include <QString>
 
