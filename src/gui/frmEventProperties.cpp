@@ -5,6 +5,7 @@
 #include "gui/FormBinding.h"
 #include "gui/HelpPage.h"
 #include "gui/ImageList.h"
+#include "gui/PropertiesKeys.h"
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -20,7 +21,7 @@ namespace twk::gui {
 
 namespace {
 
-constexpr int kIconSize = 32;
+constexpr int kPropertiesIconSize = 32;
 
 QLabel* caption(const char* text, QWidget* parent) {
     auto* label = new QLabel(QString::fromLatin1(text), parent);
@@ -68,7 +69,7 @@ frmEventProperties::frmEventProperties(Engine& engine, const ImageList& images, 
     picErrorType_ = new QLabel(this);
     picErrorType_->setObjectName(QStringLiteral("picErrorType"));
     for (QLabel* picture : {picStatus_, picErrorType_}) {
-        picture->setFixedSize(kIconSize + 4, kIconSize + 4);
+        picture->setFixedSize(kPropertiesIconSize + 4, kPropertiesIconSize + 4);
         picture->setAlignment(Qt::AlignCenter);
     }
 
@@ -198,8 +199,8 @@ void frmEventProperties::render() {
     showLabel(lbErrorNumber_, model_.lbErrorNumber);
     showLabel(lbErrorMessage_, model_.lbErrorMessage);
     showLabel(lbStatusDesc_, model_.lbStatusDesc);
-    picStatus_->setPixmap(images_.scaledPixmap(model_.picStatus, kIconSize));
-    picErrorType_->setPixmap(images_.scaledPixmap(model_.picErrorType, kIconSize));
+    picStatus_->setPixmap(images_.scaledPixmap(model_.picStatus, kPropertiesIconSize));
+    picErrorType_->setPixmap(images_.scaledPixmap(model_.picErrorType, kPropertiesIconSize));
 }
 
 void frmEventProperties::walk(bool down) {
@@ -217,22 +218,8 @@ void frmEventProperties::copyToClipboard() {
 }
 
 void frmEventProperties::keyPressEvent(QKeyEvent* event) {
-    if (event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier) {
-        switch (event->key()) {
-        case Qt::Key_F1:
-            openHelpPage(engine_, propertiesText::kHelpPage);
-            return;
-        case Qt::Key_PageUp:
-            walk(false);
-            return;
-        case Qt::Key_PageDown:
-            walk(true);
-            return;
-        default:
-            break;
-        }
-    }
-    QDialog::keyPressEvent(event);
+    if (!handlePropertiesKey(event, engine_, [this](bool down) { walk(down); }))
+        QDialog::keyPressEvent(event);
 }
 
 void frmEventProperties::closeEvent(QCloseEvent* event) {

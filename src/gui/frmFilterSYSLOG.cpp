@@ -23,7 +23,7 @@ namespace twk::gui {
 namespace {
 
 constexpr int kPreviewSize = 32;
-const QString kCaption = QStringLiteral("Filter Events...");
+const QString kFilterCaption = QStringLiteral("Filter Events...");
 
 // The status image beside each severity box, in pass order.
 constexpr std::array<int, 8> kSeverityImages = {0, 1, 2, 6, 5, 3, 4, kImageUnknownStatus};
@@ -31,7 +31,7 @@ constexpr std::array<const char*, 8> kSeverityNames = {
     "chkInformational", "chkWarning",  "chkRecovered", "chkAborted1",
     "chkAborted2",      "chkCritical", "chkFatal",     "chkUnkown"};
 
-QComboBox* makeList(const char* name, QWidget* parent) {
+QComboBox* makeFilterList(const char* name, QWidget* parent) {
     auto* combo = new QComboBox(parent);
     combo->setObjectName(QString::fromLatin1(name));
     combo->setMaxVisibleItems(24);
@@ -51,7 +51,7 @@ QLineEdit* makeSearchField(const char* name, QWidget* parent) {
 frmFilterSYSLOG::frmFilterSYSLOG(Engine& engine, const ImageList& images, QWidget* parent)
     : QDialog(parent), engine_(engine), images_(images), model_(engine) {
     setObjectName(QStringLiteral("frmFilterSYSLOG"));
-    setWindowTitle(kCaption);
+    setWindowTitle(kFilterCaption);
     model_.Form_Load();
 
     cmdFilter_ = makeButton("cmdFilter", this);
@@ -107,9 +107,9 @@ QWidget* frmFilterSYSLOG::buildSeverities() {
 QWidget* frmFilterSYSLOG::buildSelectors() {
     auto* box = new QGroupBox(QStringLiteral(" Source, Category and Event "), this);
     auto* grid = new QGridLayout(box);
-    cbSource_ = makeList("cbSource", box);
-    cbCategory_ = makeList("cbCategory", box);
-    cbEventType_ = makeList("cbEventType", box);
+    cbSource_ = makeFilterList("cbSource", box);
+    cbCategory_ = makeFilterList("cbCategory", box);
+    cbEventType_ = makeFilterList("cbEventType", box);
     picEvent_ = new QLabel(box);
     picEvent_->setObjectName(QStringLiteral("picEvent"));
     picEvent_->setFixedSize(kPreviewSize + 8, kPreviewSize + 8);
@@ -160,8 +160,8 @@ QWidget* frmFilterSYSLOG::buildSearches() {
 QWidget* frmFilterSYSLOG::buildDates() {
     auto* box = new QGroupBox(QStringLiteral(" Date Range "), this);
     auto* grid = new QGridLayout(box);
-    cbStartDate_ = makeList("cbStartDate", box);
-    cbEndDate_ = makeList("cbEndDate", box);
+    cbStartDate_ = makeFilterList("cbStartDate", box);
+    cbEndDate_ = makeFilterList("cbEndDate", box);
     calStartDate_ = makeCalendarField(QStringLiteral("calStartDate"), box);
     calEndDate_ = makeCalendarField(QStringLiteral("calEndDate"), box);
     grid->addWidget(new QLabel(QStringLiteral("from:"), box), 0, 0);

@@ -3,6 +3,7 @@
 #include "core/Engine.h"
 #include "gui/FormBinding.h"
 #include "gui/HelpPage.h"
+#include "gui/frmProgress.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -15,7 +16,6 @@ namespace twk::gui {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 // lbRecord follows a running walk this often.
 constexpr int kWalkRedrawMs = 60;
 

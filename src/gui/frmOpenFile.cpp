@@ -23,7 +23,7 @@ QLabel* fact(const char* name, const QString& text, QWidget* parent) {
     return label;
 }
 
-QLabel* caption(const QString& text, QWidget* parent) {
+QLabel* openFileCaption(const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
     label->setStyleSheet(QStringLiteral("color: #5b626c;"));
     return label;
@@ -60,7 +60,7 @@ frmOpenFile::frmOpenFile(std::unique_ptr<OpenFileDialogModel> model, const Image
     const auto add = [&](QLabel* pictureLabel, const QString& title, QLabel* value) {
         if (pictureLabel != nullptr)
             grid->addWidget(pictureLabel, row, 0);
-        grid->addWidget(caption(title, this), row, 1);
+        grid->addWidget(openFileCaption(title, this), row, 1);
         grid->addWidget(value, row, 2);
         ++row;
     };

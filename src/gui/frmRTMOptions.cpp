@@ -25,7 +25,7 @@ QWidget* page(QGridLayout*& grid) {
     return w;
 }
 
-void label(QGridLayout* grid, const char* text, int row, int col = 0) {
+void optionLabel(QGridLayout* grid, const char* text, int row, int col = 0) {
     grid->addWidget(new QLabel(QString::fromLatin1(text)), row, col);
 }
 
@@ -145,9 +145,9 @@ QWidget* frmRTMOptions::buildServers() {
     g->addWidget(listBox("lstbServerListe", model_.lstbServerListe, &F::lstbServerListe_Click,
                          &F::lstbServerListe_DblClick),
                  0, 0, 6, 1);
-    label(g, "Server:", 0, 1);
+    optionLabel(g, "Server:", 0, 1);
     g->addWidget(field("txtbServerName", model_.txtbServerName, &F::txtbServerName_Change), 0, 2);
-    label(g, "IP address:", 1, 1);
+    optionLabel(g, "IP address:", 1, 1);
     QLineEdit* ip = field("txtbIPAdresse", model_.txtbIPAdresse);
     ip->setMaxLength(15);
     // The key filter: digits and "." only, "," becomes ".".
@@ -161,7 +161,7 @@ QWidget* frmRTMOptions::buildServers() {
             [this] { act([this] { model_.txtbIPAdresse_Return(); }); });
     g->addWidget(ip, 1, 2);
     g->addWidget(button("cmdAddServer", model_.cmdAddServer, &F::cmdAddServer_Click), 2, 2);
-    label(g, "stored address:", 3, 1);
+    optionLabel(g, "stored address:", 3, 1);
     QLineEdit* shown = field("txtbServerIP", model_.txtbServerIP);
     shown->setReadOnly(true);
     g->addWidget(shown, 3, 2);
@@ -170,7 +170,7 @@ QWidget* frmRTMOptions::buildServers() {
     row->addWidget(button("cmdEnableServer", model_.cmdEnableServer, &F::cmdEnableServer_Click));
     row->addWidget(button("cmdDisableServer", model_.cmdDisableServer, &F::cmdDisableServer_Click));
     g->addLayout(row, 4, 1, 1, 2);
-    label(g, "Monitoring interval (seconds):", 6, 0);
+    optionLabel(g, "Monitoring interval (seconds):", 6, 0);
     QLineEdit* interval = field("txtbInterval", model_.txtbInterval);
     connect(interval, &QLineEdit::textEdited, this, [this, interval](const QString& typed) {
         const QString digits = FrmRTMOptions::filterDigits(typed);
@@ -207,7 +207,7 @@ QWidget* frmRTMOptions::buildAlerting() {
     QGridLayout* g = nullptr;
     QWidget* w = page(g);
     using F = FrmRTMOptions;
-    label(g, "Remote popup computers:", 0, 0);
+    optionLabel(g, "Remote popup computers:", 0, 0);
     g->addWidget(listBox("lstbComputerListe", model_.lstbComputerListe, nullptr, nullptr), 1, 0, 3,
                  1);
     g->addWidget(field("txtbComputer", model_.txtbComputer), 1, 1);
@@ -217,7 +217,7 @@ QWidget* frmRTMOptions::buildAlerting() {
 
     int r = 4;
     const auto add = [&](const char* text, QWidget* widget) {
-        label(g, text, r, 0);
+        optionLabel(g, text, r, 0);
         g->addWidget(widget, r++, 1);
     };
     add("SMTP host:", field("txtbSMTPHost", model_.txtbSMTPHost));
@@ -239,7 +239,7 @@ QWidget* frmRTMOptions::buildAlerting() {
     row->addWidget(button("cmdMailTest", model_.cmdMailTest, &F::cmdMailTest_Click));
     g->addLayout(row, r++, 1);
 
-    label(g, "E-mail recipients:", 0, 2);
+    optionLabel(g, "E-mail recipients:", 0, 2);
     g->addWidget(listBox("lstbEMailListe", model_.lstbEMailListe, nullptr, nullptr), 1, 2, 6, 1);
     g->addWidget(field("txtbEMailRecipient", model_.txtbEMailRecipient), 7, 2);
     g->addWidget(button("cmdAddEMail", model_.cmdAddEMail, &F::cmdAddEMail_Click), 8, 2);
@@ -251,7 +251,7 @@ QWidget* frmRTMOptions::buildLogging() {
     QGridLayout* g = nullptr;
     QWidget* w = page(g);
     using F = FrmRTMOptions;
-    label(g, "Path:", 0, 0);
+    optionLabel(g, "Path:", 0, 0);
     g->addWidget(field("txtbPath", model_.txtbPath), 0, 1);
     QPushButton* folder = button("cmdFolder", model_.cmdFolder, nullptr);
     connect(folder, &QPushButton::clicked, this, [this] {
@@ -259,15 +259,15 @@ QWidget* frmRTMOptions::buildLogging() {
         act([this, chosen] { model_.folderChosen(chosen); });
     });
     g->addWidget(folder, 0, 2);
-    label(g, "File name:", 1, 0);
+    optionLabel(g, "File name:", 1, 0);
     g->addWidget(field("txtbFileName", model_.txtbFileName), 1, 1);
     g->addWidget(
         button("cmdSaveLocalLogfile", model_.cmdSaveLocalLogfile, &F::cmdSaveLocalLogfile_Click), 2,
         1, Qt::AlignLeft);
 
-    label(g, "Event forwarding (syslog) server:", 3, 0);
+    optionLabel(g, "Event forwarding (syslog) server:", 3, 0);
     g->addWidget(field("txtbSyslogServer", model_.txtbSyslogServer), 3, 1);
-    label(g, "Destination port:", 4, 0);
+    optionLabel(g, "Destination port:", 4, 0);
     QLineEdit* port = field("txtbDestinationPort", model_.txtbDestinationPort);
     connect(port, &QLineEdit::textEdited, this, [this, port](const QString& typed) {
         const QString digits = FrmRTMOptions::filterDigits(typed);
@@ -276,7 +276,7 @@ QWidget* frmRTMOptions::buildLogging() {
             port->setText(digits);
     });
     g->addWidget(port, 4, 1);
-    label(g, "Protocol:", 5, 0);
+    optionLabel(g, "Protocol:", 5, 0);
     g->addWidget(combo("cbSyslogProtocol", model_.cbSyslogProtocol, &F::cbSyslogProtocol_Click), 5,
                  1);
     g->addWidget(check("chkRFCHeader", model_.chkRFCHeader, nullptr), 6, 1);
@@ -301,14 +301,14 @@ QWidget* frmRTMOptions::buildOthers() {
     g->addWidget(check("chkHeartbeatNotification", model_.chkHeartbeatNotification,
                        &F::chkHeartbeatNotification_Click),
                  r++, 0, 1, 2);
-    label(g, "Interval (minutes):", r);
+    optionLabel(g, "Interval (minutes):", r);
     g->addWidget(field("txtbHeartbeatInterval", model_.txtbHeartbeatInterval), r++, 1);
-    label(g, "Recipients:", r);
+    optionLabel(g, "Recipients:", r);
     g->addWidget(field("txtbNotificationRecipients", model_.txtbNotificationRecipients), r++, 1);
     g->addWidget(check("chkStatusSurvey", model_.chkStatusSurvey, nullptr), r++, 0, 1, 2);
     g->addWidget(check("chkRTMWebsite", model_.chkRTMWebsite, &F::chkRTMWebsite_Click), r++, 0, 1,
                  2);
-    label(g, "Webpage path:", r);
+    optionLabel(g, "Webpage path:", r);
     g->addWidget(field("txtbWebpagePath", model_.txtbWebpagePath), r, 1);
     QPushButton* choose = button("cmdWebpagePath", model_.cmdWebpagePath, nullptr);
     connect(choose, &QPushButton::clicked, this, [this] {
@@ -317,15 +317,15 @@ QWidget* frmRTMOptions::buildOthers() {
     });
     g->addWidget(choose, r++, 2);
     g->addWidget(check("chkFTPUpload", model_.chkFTPUpload, &F::chkFTPUpload_Click), r++, 0, 1, 2);
-    label(g, "FTP server:", r);
+    optionLabel(g, "FTP server:", r);
     g->addWidget(field("txtbFTPServer", model_.txtbFTPServer), r++, 1);
-    label(g, "FTP user:", r);
+    optionLabel(g, "FTP user:", r);
     g->addWidget(field("txtbFTPUserName", model_.txtbFTPUserName), r++, 1);
-    label(g, "FTP password:", r);
+    optionLabel(g, "FTP password:", r);
     QLineEdit* ftpPassword = field("txtbFTPpassword", model_.txtbFTPpassword);
     ftpPassword->setEchoMode(QLineEdit::Password);
     g->addWidget(ftpPassword, r++, 1);
-    label(g, "Automatic sorting:", r);
+    optionLabel(g, "Automatic sorting:", r);
     g->addWidget(combo("cbSortColumn", model_.cbSortColumn, &F::cbSortColumn_Click), r++, 1);
     g->addWidget(combo("cbSortOrder", model_.cbSortOrder, nullptr), r++, 1);
     g->addWidget(button("cmdMiscSave", model_.cmdMiscSave, &F::cmdMiscSave_Click), r++, 1,

@@ -5,6 +5,7 @@
 #include "gui/FormBinding.h"
 #include "gui/HelpPage.h"
 #include "gui/ImageList.h"
+#include "gui/PropertiesKeys.h"
 #include "logs/EventPropertiesForm.h"
 
 #include <QClipboard>
@@ -21,9 +22,9 @@ namespace twk::gui {
 
 namespace {
 
-constexpr int kIconSize = 32;
+constexpr int kRtmIconSize = 32;
 
-QLabel* caption(const char* text) {
+QLabel* rtmCaption(const char* text) {
     auto* label = new QLabel(QString::fromLatin1(text));
     label->setStyleSheet(QStringLiteral("color: #5b626c;"));
     return label;
@@ -42,7 +43,7 @@ frmRTMProperties::frmRTMProperties(Engine& engine, const ImageList& images, QWid
     picErrorType_ = new QLabel(this);
     picErrorType_->setObjectName(QStringLiteral("picErrorType"));
     for (QLabel* picture : {picStatus_, picErrorType_}) {
-        picture->setFixedSize(kIconSize + 4, kIconSize + 4);
+        picture->setFixedSize(kRtmIconSize + 4, kRtmIconSize + 4);
         picture->setAlignment(Qt::AlignCenter);
     }
     QLabel* lbErrorMessage = addLabel("lbErrorMessage", model_.lbErrorMessage);
@@ -80,14 +81,14 @@ frmRTMProperties::frmRTMProperties(Engine& engine, const ImageList& images, QWid
     auto* s = new QGridLayout(server);
     s->addWidget(picStatus_, 0, 0, 2, 1, Qt::AlignTop);
     s->addWidget(addLabel("lbStatus", model_.lbStatus), 0, 1, 1, 3);
-    s->addWidget(caption("Server:"), 1, 1);
+    s->addWidget(rtmCaption("Server:"), 1, 1);
     s->addWidget(addLabel("lbServer", model_.lbServer), 1, 2);
-    s->addWidget(caption("Date:"), 2, 1);
+    s->addWidget(rtmCaption("Date:"), 2, 1);
     s->addWidget(addLabel("lbDate", model_.lbDate), 2, 2);
-    s->addWidget(caption("Source:"), 3, 1);
+    s->addWidget(rtmCaption("Source:"), 3, 1);
     s->addWidget(addLabel("lbSource", model_.lbSource), 3, 2);
     s->addWidget(cmdSourceHelp, 3, 3, Qt::AlignLeft);
-    s->addWidget(caption("Category:"), 4, 1);
+    s->addWidget(rtmCaption("Category:"), 4, 1);
     s->addWidget(addLabel("lbCategory", model_.lbCategory), 4, 2, 1, 2);
     s->setColumnStretch(2, 1);
 
@@ -95,7 +96,7 @@ frmRTMProperties::frmRTMProperties(Engine& engine, const ImageList& images, QWid
     auto* t = new QGridLayout(eventType);
     t->addWidget(picErrorType_, 0, 0, 2, 1, Qt::AlignTop);
     t->addWidget(addLabel("lbErrorDesc", model_.lbErrorDesc), 0, 1, 1, 3);
-    t->addWidget(caption("Error #:"), 1, 1);
+    t->addWidget(rtmCaption("Error #:"), 1, 1);
     t->addWidget(addLabel("lbErrorNumber", model_.lbErrorNumber), 1, 2);
     t->addWidget(cmdFileHook, 1, 3, Qt::AlignLeft);
     t->setColumnStretch(2, 1);
@@ -168,8 +169,8 @@ void frmRTMProperties::render() {
     for (const auto& [b, state] : buttons_)
         showButton(b, *state);
     button(QStringLiteral("cmdExit"))->setDefault(true);
-    picStatus_->setPixmap(images_.scaledPixmap(model_.picStatus, kIconSize));
-    picErrorType_->setPixmap(images_.scaledPixmap(model_.picErrorType, kIconSize));
+    picStatus_->setPixmap(images_.scaledPixmap(model_.picStatus, kRtmIconSize));
+    picErrorType_->setPixmap(images_.scaledPixmap(model_.picErrorType, kRtmIconSize));
 }
 
 void frmRTMProperties::walk(bool down) {
@@ -181,22 +182,8 @@ void frmRTMProperties::walk(bool down) {
 }
 
 void frmRTMProperties::keyPressEvent(QKeyEvent* event) {
-    if (event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier) {
-        switch (event->key()) {
-        case Qt::Key_F1:
-            openHelpPage(engine_, propertiesText::kHelpPage);
-            return;
-        case Qt::Key_PageUp:
-            walk(false);
-            return;
-        case Qt::Key_PageDown:
-            walk(true);
-            return;
-        default:
-            break;
-        }
-    }
-    QDialog::keyPressEvent(event);
+    if (!handlePropertiesKey(event, engine_, [this](bool down) { walk(down); }))
+        QDialog::keyPressEvent(event);
 }
 
 void frmRTMProperties::closeEvent(QCloseEvent* event) {

@@ -21,7 +21,7 @@ namespace twk::gui {
 
 namespace {
 
-constexpr int kPreviewSize = 32;
+constexpr int kRulePreviewSize = 32;
 
 } // namespace
 
@@ -101,7 +101,7 @@ QWidget* frmRealtimeFilter::buildCriteria() {
     onFocusIn(txtbRuleNumber_, [this] { act([this] { model_.txtbRuleNumber_Click(); }); });
     picEventTypeIcon_ = new QLabel(box);
     picEventTypeIcon_->setObjectName(QStringLiteral("picEventTypeIcon"));
-    picEventTypeIcon_->setFixedSize(kPreviewSize + 8, kPreviewSize + 8);
+    picEventTypeIcon_->setFixedSize(kRulePreviewSize + 8, kRulePreviewSize + 8);
     picEventTypeIcon_->setAlignment(Qt::AlignCenter);
     txtbErrorMessage1_ = makeField("txtbErrorMessage1", box, 240);
     txtbErrorMessage2_ = makeField("txtbErrorMessage2", box, 240);
@@ -207,7 +207,7 @@ void frmRealtimeFilter::render() {
         if (shownEventImage_ < 0)
             picEventTypeIcon_->clear();
         else
-            picEventTypeIcon_->setPixmap(images_.scaledPixmap(shownEventImage_, kPreviewSize));
+            picEventTypeIcon_->setPixmap(images_.scaledPixmap(shownEventImage_, kRulePreviewSize));
     }
 }
 

@@ -13,7 +13,7 @@ void debugLine(Engine& engine, const QString& line) {
         engine.trace.traceText(line, false, false);
 }
 
-QString hexBytes(const QByteArray& bytes, qsizetype from, qsizetype count) {
+QString connectionsHexBytes(const QByteArray& bytes, qsizetype from, qsizetype count) {
     QString text;
     for (qsizetype i = from; i < from + count; ++i)
         text +=
@@ -58,8 +58,9 @@ QString protocolText(int transportType) {
 
 QString addressText(const ConnRefInfo& info) {
     if (info.transportType == kTransportIpx && info.address.size() >= 12)
-        return hexBytes(info.address, 0, 4) + u':' + hexBytes(info.address, 4, 6) + u':' +
-               hexBytes(info.address, 10, 2);
+        return connectionsHexBytes(info.address, 0, 4) + u':' +
+               connectionsHexBytes(info.address, 4, 6) + u':' +
+               connectionsHexBytes(info.address, 10, 2);
     if (info.transportType == kTransportIp && info.address.size() >= 4) {
         QStringList parts;
         for (int i = 0; i < 4; ++i)

@@ -40,7 +40,7 @@ std::uint16_t checksum(const std::uint8_t* data, std::size_t size) {
     return static_cast<std::uint16_t>(~sum);
 }
 
-bool resolve(const QString& address, in_addr& out) {
+bool icmpEchoResolve(const QString& address, in_addr& out) {
     const QByteArray text = address.trimmed().toLatin1();
     if (inet_pton(AF_INET, text.constData(), &out) == 1)
         return true;
@@ -83,7 +83,7 @@ public:
                    const std::function<void()>& yield) override {
         EchoReply reply;
         in_addr target{};
-        if (!resolve(address, target)) {
+        if (!icmpEchoResolve(address, target)) {
             reply.status = echostatus::kBadDestination;
             return reply;
         }

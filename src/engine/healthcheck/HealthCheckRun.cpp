@@ -29,8 +29,8 @@ constexpr int kMaxWaitRounds = 66000;
 constexpr int kWaitRoundMs = 10;
 constexpr int kConnectionRetries = 3;
 
-const QString kDsRepair = QStringLiteral("dsrepair");
-const QString kTtf = QStringLiteral("TTF");
+const QString kHealthCheckRunDsRepair = QStringLiteral("dsrepair");
+const QString kHealthCheckRunTtf = QStringLiteral("TTF");
 const QString kLeerlauf = QStringLiteral("Leerlauf");
 const QString kDsRepairMode = QStringLiteral("DSRepair");
 const QString kDsTraceMode = QStringLiteral("DSTrace");
@@ -131,11 +131,13 @@ private:
         return consoleCall<bool>([&] { return console_.ExecuteNCF(server_, name); });
     }
     QString ttf() {
-        return consoleCall<QString>([&] { return console_.GetParameter(server_, kTtf); });
+        return consoleCall<QString>(
+            [&] { return console_.GetParameter(server_, kHealthCheckRunTtf); });
     }
     void setTtfOff() {
-        consoleCall<bool>(
-            [&] { return console_.SetParameter(server_, kTtf, QStringLiteral("0")); });
+        consoleCall<bool>([&] {
+            return console_.SetParameter(server_, kHealthCheckRunTtf, QStringLiteral("0"));
+        });
     }
 
     /// bFileLocked and bDSTraceLocked: the volume entry of a locked file can't be read.
@@ -333,7 +335,7 @@ void HealthCheckRun::repairStep(int step, const QString& script) {
     const QString copy = local(QStringLiteral("hcstep0.txt"));
     setProgress(180, 1);
     if (!f_.HealthCheckDebugMode) {
-        unloadNLM(kDsRepair);
+        unloadNLM(kHealthCheckRunDsRepair);
         rounds(18, 250, 1);
         if (exists(log) && !locked(QStringLiteral("DSREPAIR.LOG"))) {
             const QString backup = unc(QStringLiteral("DSREPAIR.BAK"));
@@ -350,7 +352,7 @@ void HealthCheckRun::repairStep(int step, const QString& script) {
         debugBox(step, log);
     }
     if (locked(QStringLiteral("DSREPAIR.LOG"))) {
-        const bool unloaded = unloadNLM(kDsRepair);
+        const bool unloaded = unloadNLM(kHealthCheckRunDsRepair);
         sleep(4096);
         if (!unloaded || locked(QStringLiteral("DSREPAIR.LOG"))) {
             repairFailure(step, unloaded ? 1 : 2);

@@ -15,10 +15,10 @@ QString fitted(const QString& text, int width) {
     return text.leftJustified(width, u' ', true);
 }
 
-const char* const kRule =
+const char* const kReplicaStatesRule =
     "______________________________________________________________________________";
 const char* const kEmptySeparator = "                |              |                  |";
-const char* const kHead =
+const char* const kReplicaStatesHead =
     " Partition      | Replica Type | Replica State    | Last Successful Sync";
 const char* const kSeparator =
     "________________|______________|__________________|___________________________";
@@ -121,9 +121,9 @@ bool ReplicaStatesReport(Engine& engine, const QString& server, const QString& r
     out.line(fullName);
     out.line(fnServerOSVersion(engine, server));
     out.line();
-    out.line(kRule);
+    out.line(kReplicaStatesRule);
     out.line(kEmptySeparator);
-    out.line(kHead);
+    out.line(kReplicaStatesHead);
     out.line(kSeparator);
     out.line(kEmptySeparator);
     const auto replicas = replicasOf(engine, fullName, "modHealthCheck.ReplicaStatesReport()");

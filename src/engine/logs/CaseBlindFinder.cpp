@@ -8,7 +8,7 @@ namespace {
 
 // The folding of core/Text.h: `prev` is the byte before `c`, so that the second byte of
 // a UTF-8 Latin-1 capital (C3 80..C3 9E, but not the sign C3 97) folds to its small letter.
-inline unsigned char fold(unsigned char prev, unsigned char c) {
+inline unsigned char finderFold(unsigned char prev, unsigned char c) {
     if (c >= 'A' && c <= 'Z')
         return static_cast<unsigned char>(c + 32);
     if (prev == 0xC3 && c >= 0x80 && c <= 0x9E && c != 0x97)
@@ -24,7 +24,7 @@ CaseBlindFinder::CaseBlindFinder(std::string_view wanted) : folded_(text::toLowe
     const auto first = static_cast<unsigned char>(folded_[0]);
     for (int c = 0; c < 256; ++c) {
         const auto b = static_cast<unsigned char>(c);
-        mayStart_[b] = fold(0, b) == first || fold(0xC3, b) == first;
+        mayStart_[b] = finderFold(0, b) == first || finderFold(0xC3, b) == first;
     }
 }
 
@@ -40,10 +40,10 @@ bool CaseBlindFinder::foundIn(std::string_view cell) const {
     for (std::size_t i = 0; i <= last; ++i) {
         if (!mayStart_[h[i]]) [[likely]]
             continue;
-        if (fold(i > 0 ? h[i - 1] : 0, h[i]) != f[0])
+        if (finderFold(i > 0 ? h[i - 1] : 0, h[i]) != f[0])
             continue;
         std::size_t k = 1;
-        while (k < n && fold(h[i + k - 1], h[i + k]) == f[k])
+        while (k < n && finderFold(h[i + k - 1], h[i + k]) == f[k])
             ++k;
         if (k == n)
             return true;

@@ -17,7 +17,7 @@ namespace {
 namespace texts = consoleHistoryText;
 namespace column = consoleHistoryColumn;
 
-const QString kTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
+const QString kConsoleLogFilesTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
 /// A name as the client hands it over: a zero-ended character array.
 QString upToFirstZero(const QString& name) {
@@ -78,7 +78,7 @@ QString ProposedSalvageName(const QString& name, const QString& deletionTime) {
 }
 
 QString consoleHistoryTime(const QDateTime& time) {
-    return time.isValid() ? time.toString(kTimeFormat) : QString();
+    return time.isValid() ? time.toString(kConsoleLogFilesTimeFormat) : QString();
 }
 
 bool ShowConsoleLogfile(Engine& engine, const QString& path) {

@@ -17,7 +17,7 @@ namespace {
 // Folds a byte for the case-blind phrase search: ASCII capitals to small letters, and
 // the second byte of a UTF-8 Latin-1 capital (after 0xC3) to that of its small letter.
 // Continuation bytes never equal ASCII bytes, so folding them unconditionally is safe.
-constexpr unsigned char foldByte(unsigned char c) {
+constexpr unsigned char recognizerFoldByte(unsigned char c) {
     if (c >= 'A' && c <= 'Z')
         return static_cast<unsigned char>(c + 32);
     if (c >= 0x80 && c <= 0x9E && c != 0x97)
@@ -49,13 +49,13 @@ public:
         std::array<int, 256> classOfFolded{};
         for (const auto phrase : phrases)
             for (const char ch : phrase) {
-                const unsigned char f = foldByte(static_cast<unsigned char>(ch));
+                const unsigned char f = recognizerFoldByte(static_cast<unsigned char>(ch));
                 if (classOfFolded[f] == 0)
                     classOfFolded[f] = classes++;
             }
         for (int b = 0; b < 256; ++b)
-            classOf_[static_cast<std::size_t>(b)] =
-                static_cast<std::uint8_t>(classOfFolded[foldByte(static_cast<unsigned char>(b))]);
+            classOf_[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(
+                classOfFolded[recognizerFoldByte(static_cast<unsigned char>(b))]);
         stride_ = static_cast<std::size_t>(classes);
         std::vector<std::vector<int>> next(1, std::vector<int>(stride_, -1));
         std::vector<std::uint32_t> out(1, 0);

@@ -9,7 +9,7 @@ namespace twk {
 
 namespace {
 
-bool isSeparator(char c) {
+bool logDateIsSeparator(char c) {
     return c == '-' || c == '.' || c == '/';
 }
 
@@ -32,7 +32,7 @@ QDate logDateValue(std::string_view text) {
             if (++f.digits > 4)
                 return {};
             f.value = f.value * 10 + (c - '0');
-        } else if (isSeparator(c)) {
+        } else if (logDateIsSeparator(c)) {
             if (fields[count - 1].digits == 0 || count == fields.size())
                 return {};
             dotted = dotted || c == '.';

@@ -13,7 +13,7 @@ namespace twk {
 namespace {
 
 constexpr int kRuleFirstNumber = 1;
-constexpr int kMessageColumn = 9;
+constexpr int kFilterRulesMessageColumn = 9;
 
 std::int16_t field16(const QString& field) {
     const std::int64_t value = text::numericReading(field.toStdString());
@@ -127,7 +127,7 @@ void CheckRealtimeStatus(Engine& engine, int gridRow) {
     const std::uint64_t run = engine.monitor.run;
     withErrorTail(engine.errors, "modRealTimeMonitor.CheckRealtimeStatus(iGridRow)", [&] {
         Grid& g = engine.Grid1;
-        if (gridRow < 1 || gridRow > g.Rows() || g.Cols() < kMessageColumn)
+        if (gridRow < 1 || gridRow > g.Rows() || g.Cols() < kFilterRulesMessageColumn)
             return;
         const std::int16_t severity = iStatusSelector(g.CellText(gridRow, 4));
         const int source = positionIn(LocusNames, g.CellText(gridRow, 5));
@@ -135,7 +135,7 @@ void CheckRealtimeStatus(Engine& engine, int gridRow) {
         const int image = g.CellIcon(gridRow, 7);
         const int eventType = image >= 24 ? image - 9 : image - 6;
         const QString message =
-            QString::fromStdString(text::toLower(g.CellText(gridRow, kMessageColumn)));
+            QString::fromStdString(text::toLower(g.CellText(gridRow, kFilterRulesMessageColumn)));
         for (int pass = kStateOnline; pass <= kStateFailure; ++pass) {
             for (FilterRule& rule : engine.monitor.FilterRules) {
                 if (rule.RuleNumber == -1 || rule.RealtimeStatus != pass)

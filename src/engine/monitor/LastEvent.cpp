@@ -34,7 +34,7 @@ QString codeText(std::string_view line, std::string_view label, int offset, int 
 }
 
 // Two-digit years lie in 1950 to 2049.
-int fullYear(int year, std::size_t digits) {
+int lastEventFullYear(int year, std::size_t digits) {
     if (digits > 2)
         return year;
     return year < 50 ? 2000 + year : 1900 + year;
@@ -96,7 +96,7 @@ QDate dateOf(std::string_view text) {
         year = number(2);
         yearDigits = size(2);
     }
-    return QDate(fullYear(year, yearDigits), month, day);
+    return QDate(lastEventFullYear(year, yearDigits), month, day);
 }
 
 QTime timeOf(std::string_view text) {

@@ -20,7 +20,7 @@ QString key(const char* subkey = nullptr) {
                              : monitorServersKey() + u'\\' + QLatin1String(subkey);
 }
 
-QStringList valueNames(const Engine& engine, const QString& k) {
+QStringList optionValueNames(const Engine& engine, const QString& k) {
     QStringList names;
     for (const RegValueText& value : engine.registry.Reg_GetAllKeys(kUser, k))
         names << value.name;
@@ -28,11 +28,11 @@ QStringList valueNames(const Engine& engine, const QString& k) {
 }
 
 void reload(const Engine& engine, ListState& list, const QString& k) {
-    list.items = valueNames(engine, k);
+    list.items = optionValueNames(engine, k);
     list.ListIndex = -1;
 }
 
-long long number(const QString& text) {
+long long optionNumber(const QString& text) {
     return text::numericReading(text.toStdString());
 }
 
@@ -64,9 +64,9 @@ void FrmRTMOptions::Form_Load() {
         r.Reg_GetValue(kUser, mail, QStringLiteral("SMTP Port"), QStringLiteral("25"));
     txtbPOP3Host.text = r.Reg_GetValue(kUser, mail, QStringLiteral("POP3 HOST"));
     chkSMTPAuthentication.checked =
-        number(r.Reg_GetValue(kUser, mail, QStringLiteral("SMTP Authentication"))) == 1;
+        optionNumber(r.Reg_GetValue(kUser, mail, QStringLiteral("SMTP Authentication"))) == 1;
     chkPOP3Authentication.checked =
-        number(r.Reg_GetValue(kUser, mail, QStringLiteral("POP3 Authentication"))) == 1;
+        optionNumber(r.Reg_GetValue(kUser, mail, QStringLiteral("POP3 Authentication"))) == 1;
     txtbUserName.text = r.Reg_GetValue(kUser, mail, QStringLiteral("User Name"));
     txtbPassword.text =
         DecodeString(r.Reg_GetValue(kUser, mail, QStringLiteral("Password")), kPasswordKey);
@@ -90,14 +90,14 @@ void FrmRTMOptions::Form_Load() {
 
     const QString misc = key("Misc");
     const auto flag = [&](const char* name) {
-        return number(r.Reg_GetValue(kUser, misc, QLatin1String(name))) == 1;
+        return optionNumber(r.Reg_GetValue(kUser, misc, QLatin1String(name))) == 1;
     };
     const auto text = [&](const char* name) {
         return r.Reg_GetValue(kUser, misc, QLatin1String(name));
     };
     chkHeartbeatNotification.checked = flag("HeartbeatNotification");
     chkStatusSurvey.checked = flag("StatusSurvey");
-    txtbHeartbeatInterval.text = QString::number(number(text("HeartbeatInterval")));
+    txtbHeartbeatInterval.text = QString::number(optionNumber(text("HeartbeatInterval")));
     txtbNotificationRecipients.text = text("NotificationRecipients");
     chkRTMWebsite.checked = flag("RTMWebsite");
     txtbWebpagePath.text = text("WebpagePath");
@@ -105,10 +105,10 @@ void FrmRTMOptions::Form_Load() {
     txtbFTPServer.text = text("FTPServer");
     txtbFTPUserName.text = text("FTPUsername");
     txtbFTPpassword.text = text("FTPpassword");
-    const long long column = number(text("SortColumn"));
+    const long long column = optionNumber(text("SortColumn"));
     cbSortColumn.ListIndex =
         column >= 0 && column < cbSortColumn.items.size() ? static_cast<int>(column) : 0;
-    cbSortOrder.ListIndex = number(text("SortOrder")) == 0 ? 0 : 1;
+    cbSortOrder.ListIndex = optionNumber(text("SortOrder")) == 0 ? 0 : 1;
     chkHeartbeatNotification_Click();
     chkRTMWebsite_Click();
     cbSortColumn_Click();
@@ -234,7 +234,7 @@ QString FrmRTMOptions::filterDigits(const QString& typed) {
 }
 
 void FrmRTMOptions::cmdSaveInterval_Click() {
-    const long long seconds = number(txtbInterval.text);
+    const long long seconds = optionNumber(txtbInterval.text);
     if (txtbInterval.text.isEmpty() || seconds < 10 || seconds > 900) {
         engine_.ui.messageBox(optionsText::kInvalidInterval, MsgIcon::Exclamation, MsgButtons::Ok,
                               kMessageTitle);
@@ -429,7 +429,7 @@ void FrmRTMOptions::cbSortColumn_Click() {
 
 void FrmRTMOptions::cmdMiscSave_Click() {
     if (chkHeartbeatNotification.checked) {
-        const long long minutes = number(txtbHeartbeatInterval.text);
+        const long long minutes = optionNumber(txtbHeartbeatInterval.text);
         if (minutes < 30 || minutes > 360) {
             warn(optionsText::kHeartbeatInterval, QStringLiteral("txtbHeartbeatInterval"));
             return;
@@ -462,7 +462,7 @@ void FrmRTMOptions::cmdMiscSave_Click() {
     flag("HeartbeatNotification", chkHeartbeatNotification.checked);
     r.Reg_SetDWord(
         kUser, misc, QStringLiteral("HeartbeatInterval"),
-        static_cast<quint32>(std::max<long long>(0, number(txtbHeartbeatInterval.text))));
+        static_cast<quint32>(std::max<long long>(0, optionNumber(txtbHeartbeatInterval.text))));
     flag("StatusSurvey", chkStatusSurvey.checked);
     r.Reg_SetString(kUser, misc, QStringLiteral("NotificationRecipients"),
                     txtbNotificationRecipients.text);

@@ -11,7 +11,7 @@ namespace twk {
 
 namespace {
 
-const QString kNoEventType = QStringLiteral("icon not available");
+const QString kRtmNoEventType = QStringLiteral("icon not available");
 
 bool hasLed(const Grid& grid, int gridRow) {
     return gridRow >= 1 && gridRow <= grid.Rows() && grid.Cols() >= rtmcol::kMessage &&
@@ -45,7 +45,7 @@ void FrmRTMProperties::fill(int gridRow) {
     picStatus = e.ledImage;
     picErrorType = e.eventImage;
     lbStatus.isLink = lbStatus.text == QStringLiteral("???");
-    lbErrorDesc.isLink = lbErrorDesc.text == kNoEventType;
+    lbErrorDesc.isLink = lbErrorDesc.text == kRtmNoEventType;
     cmdFileHook.enabled = messageHasDecoding(lbErrorMessage.text);
 }
 
@@ -73,7 +73,7 @@ void FrmRTMProperties::cmdUp_Click() {
 
 QString FrmRTMProperties::cmdCopy_Click() const {
     const QString description =
-        lbErrorDesc.text == kNoEventType ? QStringLiteral("not available") : lbErrorDesc.text;
+        lbErrorDesc.text == kRtmNoEventType ? QStringLiteral("not available") : lbErrorDesc.text;
     const QStringList lines = {
         QStringLiteral(" "),
         QStringLiteral("Date: ") + lbDate.text,

@@ -13,8 +13,8 @@ namespace twk {
 
 namespace {
 
-const QString kEnglish = QString::fromLatin1(kEnglisch.data(), kEnglisch.size());
-const QString kGerman = QString::fromLatin1(kDeutsch.data(), kDeutsch.size());
+const QString kServerFilesEnglish = QString::fromLatin1(kEnglisch.data(), kEnglisch.size());
+const QString kServerFilesGerman = QString::fromLatin1(kDeutsch.data(), kDeutsch.size());
 
 bool isSingleServerName(const QString& name) {
     const QString trimmed = name.trimmed();
@@ -73,7 +73,7 @@ std::int32_t GetServerFileSize(Engine& engine, const QString& serverName, int in
                                   static_cast<std::uint64_t>(info->size())));
     if (size == 0)
         if (MonitoredServer* server = recordAt(engine, index))
-            server->Language = kEnglish;
+            server->Language = kServerFilesEnglish;
     engine.view.showSimpleText({});
     return size;
 }
@@ -84,7 +84,7 @@ QString ReadServerLanguage(Engine& engine, const QString& serverName, int index)
         return server->Language;
     engine.view.showSimpleText(QStringLiteral("Looking for the Server Language of Server ") +
                                serverName + QStringLiteral("..."));
-    QString language = kEnglish;
+    QString language = kServerFilesEnglish;
     const QString local = readableServerLog(engine, serverName);
     if (!local.isEmpty()) {
         LineReader reader(local);
@@ -96,7 +96,7 @@ QString ReadServerLanguage(Engine& engine, const QString& serverName, int index)
             if (text::contains(line, "Severity"))
                 break;
             if (text::contains(line, "Schweregrad")) {
-                language = kGerman;
+                language = kServerFilesGerman;
                 break;
             }
         }

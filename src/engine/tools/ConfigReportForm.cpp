@@ -49,7 +49,7 @@ bool namesInOrder(const QString& a, const QString& b) {
     return a.size() - i < b.size() - j;
 }
 
-const QString kTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
+const QString kConfigReportFormTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
 constexpr int kMaxReports = 1000;
 constexpr int kWaitRounds = 66000;
 constexpr int kReportWaitRoundMs = 10;
@@ -77,9 +77,9 @@ QString NoConfigRightsText(const QString& server) {
 
 QString configFileCreated(const QDateTime& created, const QDateTime& modified, qint64 size) {
     if (!created.isValid())
-        return modified.toString(kTimeFormat) + QStringLiteral(" * ");
+        return modified.toString(kConfigReportFormTimeFormat) + QStringLiteral(" * ");
     const QDateTime shown = size == 0 ? created.toUTC() : created.toLocalTime();
-    return shown.toString(kTimeFormat) + u' ';
+    return shown.toString(kConfigReportFormTimeFormat) + u' ';
 }
 
 FrmConfigReport::FrmConfigReport(Engine& engine) : engine_(engine) {}
@@ -271,7 +271,7 @@ void FrmConfigReport::GetConfigFiles() {
         row.cells << (report ? configReportText::kReportIcon : configReportText::kTextFileIcon)
                   << row.fileName.toLower()
                   << configFileCreated(file.birthTime(), file.lastModified(), file.size())
-                  << file.lastModified().toString(kTimeFormat) + u' '
+                  << file.lastModified().toString(kConfigReportFormTimeFormat) + u' '
                   << grouping.toString(file.size());
         FileGrid1.push_back(std::move(row));
         notify();

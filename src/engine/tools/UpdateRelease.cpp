@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kMaxReleaseChars = 50;
 
-bool allDigits(const QString& text) {
+bool releaseAllDigits(const QString& text) {
     if (text.isEmpty())
         return false;
     for (const QChar c : text)
@@ -40,7 +40,7 @@ ReleaseText ParseReleaseText(const QByteArray& content, Release& release) {
     const QString major = text.left(point);
     const QString minor = text.mid(point + 1, 1);
     const QString revision = text.right(1);
-    if (!allDigits(major) || !allDigits(minor) || !allDigits(revision))
+    if (!releaseAllDigits(major) || !releaseAllDigits(minor) || !releaseAllDigits(revision))
         return ReleaseText::WrongForm;
     release.major = major.toInt();
     release.minor = minor.toInt();

@@ -36,7 +36,7 @@ std::optional<Hive> hiveFromName(const QString& name) {
 
 // ---------------------------------------------------------------- writing
 
-QString escaped(const QString& text) {
+QString registryEscaped(const QString& text) {
     QString out = text;
     out.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
     out.replace(QLatin1Char('"'), QLatin1String("\\\""));
@@ -79,9 +79,9 @@ void appendHexLines(QStringList& out, QString line, const QByteArray& bytes) {
 
 void appendValue(QStringList& out, const RegValue& value) {
     const QString name =
-        value.name.isEmpty() ? QStringLiteral("@") : "\"" + escaped(value.name) + "\"";
+        value.name.isEmpty() ? QStringLiteral("@") : "\"" + registryEscaped(value.name) + "\"";
     if (const auto text = quotableText(value)) {
-        out << name + "=\"" + escaped(*text) + "\"";
+        out << name + "=\"" + registryEscaped(*text) + "\"";
         return;
     }
     if (value.type == RegType::DWord && value.data.size() == 4) {
