@@ -4,13 +4,13 @@
 #include "core/Engine.h"
 #include "core/Text.h"
 #include "core/settings/SettingsKeys.h"
+#include "monitor/OptionChecks.h"
 
 namespace twk {
 
 namespace {
 
 const QString kMailKey = twkKey(QStringLiteral("Realtime Monitor\\E-Mail"));
-const QString kPasswordKey = QStringLiteral("7QkuRM3PV%");
 
 bool switchOn(const Registry& registry, const char* value) {
     return text::numericReading(
@@ -38,16 +38,7 @@ QString MailSubject(const QString& serverOrMark) {
 }
 
 QString DecodeMailPassword(const QString& stored) {
-    QString decoded;
-    decoded.reserve(stored.size());
-    for (qsizetype i = 0; i < stored.size(); ++i) {
-        const int key = kPasswordKey[i % kPasswordKey.size()].unicode();
-        int d = stored[i].unicode() - key;
-        if (d < 0)
-            d += 255;
-        decoded += QChar(d);
-    }
-    return decoded;
+    return DecodeString(stored, kPasswordKey);
 }
 
 MailSender::MailSender(Engine& engine, MailTransport& transport)
