@@ -65,6 +65,14 @@ protected:
 
     /// Servers, mail, syslog and heartbeat as a user sets them in the options, and the
     /// rule in twk.ini.
+    /// A demo network of 20 events a log in `network`, monitored with the alerts set.
+    void useSmallDemo(Engine& e, const QString& network, int heartbeatMinutes) const {
+        demo::DemoNetworkOptions small;
+        small.sysLogEntries = 20;
+        ASSERT_TRUE(demo::createDemoNetwork(network, small).ok);
+        useNetworkFolder(e, network);
+        configure(e.registry, e.paths, heartbeatMinutes);
+    }
     void configure(Registry& r, const AppPaths& paths, int heartbeatMinutes) const {
         const Registry::Batch oneWrite(r);
         const auto set = [&](const char* subkey, const char* name, const QString& value) {
@@ -248,11 +256,7 @@ TEST_F(MonitorWithAlerts, TicksWhileAMailWaitsArePassedOverAndTheHeartbeatFollow
     test::AlertEngine a;
     Engine& e = a.engine;
     const QString network = a.tree.paths().networkFolder;
-    demo::DemoNetworkOptions small;
-    small.sysLogEntries = 20;
-    ASSERT_TRUE(demo::createDemoNetwork(network, small).ok);
-    useNetworkFolder(e, network);
-    configure(e.registry, e.paths, 1);
+    ASSERT_NO_FATAL_FAILURE(useSmallDemo(e, network, 1));
     e.registry.Reg_SetString(Hive::CurrentUser,
                              twkKey(QStringLiteral("Realtime Monitor\\Interval")),
                              QStringLiteral("Interval"), QStringLiteral("1"));
@@ -314,11 +318,7 @@ TEST_F(MonitorWithAlerts, AStopWhileAMailWaitsEndsTheRulesButNotTheEventsRecord)
     test::AlertEngine a;
     Engine& e = a.engine;
     const QString network = a.tree.paths().networkFolder;
-    demo::DemoNetworkOptions small;
-    small.sysLogEntries = 20;
-    ASSERT_TRUE(demo::createDemoNetwork(network, small).ok);
-    useNetworkFolder(e, network);
-    configure(e.registry, e.paths, 30);
+    ASSERT_NO_FATAL_FAILURE(useSmallDemo(e, network, 30));
     QFile ini(e.paths.inApp(QStringLiteral("twk.ini")));
     ASSERT_TRUE(ini.open(QIODevice::Append));
     ini.write("2,2,0,0,0,0,check 4711,(none),0,0,0,11,,1,0,-1,-1\r\n");

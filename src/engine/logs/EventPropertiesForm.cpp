@@ -11,8 +11,6 @@ namespace twk {
 
 namespace {
 
-const QString kNoEventType = QStringLiteral("icon not available");
-
 bool namesHook(const QString& message) {
     return message.contains(QStringLiteral("file system hook ("), Qt::CaseInsensitive) ||
            message.contains(QStringLiteral("Dateisystems ("), Qt::CaseInsensitive);
@@ -153,7 +151,9 @@ void ShowMessageDecoding(Engine& engine, const QString& message) {
                   MsgIcon::Information, MsgButtons::Ok, kMessageTitle);
 }
 
-FrmEventProperties::FrmEventProperties(Engine& engine) : engine_(engine) {}
+FrmEventProperties::FrmEventProperties(Engine& engine)
+    : EventPropertiesBase(engine, QStringLiteral(" next event "),
+                          QStringLiteral(" previous event ")) {}
 
 bool FrmEventProperties::open(int gridRow) {
     const Grid& g = engine_.Grid1;
@@ -226,8 +226,6 @@ void FrmEventProperties::cmdUp_Click() {
 }
 
 QString FrmEventProperties::cmdCopy_Click() const {
-    const QString description =
-        lbErrorDesc.text == kNoEventType ? QStringLiteral("not available") : lbErrorDesc.text;
     const QStringList lines = {
         QStringLiteral(" "),
         QStringLiteral("Event # ") + lbEventNumber.text,
@@ -243,7 +241,7 @@ QString FrmEventProperties::cmdCopy_Click() const {
         QStringLiteral("Category:            ") + lbCategory.text,
         QStringLiteral(" "),
         QStringLiteral("Error Number:        ") + lbErrorNumber.text,
-        QStringLiteral("Error Description:   ") + description,
+        QStringLiteral("Error Description:   ") + copiedEventType(),
         QStringLiteral(" "),
         QStringLiteral("Error Message"),
         QStringLiteral("-------------"),
@@ -251,30 +249,7 @@ QString FrmEventProperties::cmdCopy_Click() const {
         QStringLiteral(" "),
         QStringLiteral(" "),
     };
-    QString text;
-    for (const QString& line : lines)
-        text += line + text::kCrLf;
-    return text;
-}
-
-void FrmEventProperties::cmdSourceHelp_Click() {
-    ShowSourceHelp(engine_, lbSource.text);
-}
-
-void FrmEventProperties::cmdFileHook_Click() {
-    ShowMessageDecoding(engine_, lbErrorMessage.text);
-}
-
-QString FrmEventProperties::lbStatus_Click() const {
-    return lbStatus.isLink ? propertiesText::kStatusHelpPage : QString();
-}
-
-QString FrmEventProperties::lbErrorDesc_Click() const {
-    return lbErrorDesc.isLink ? propertiesText::kEventTypeHelpPage : QString();
-}
-
-void FrmEventProperties::cmdExit_Click() {
-    visible = false;
+    return copyText(lines);
 }
 
 } // namespace twk

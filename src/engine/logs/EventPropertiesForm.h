@@ -4,7 +4,7 @@
 // help, and the decoding of file system hooks and error codes named in the message.
 // The window shows it modeless with the main window as owner.
 
-#include "core/FormControls.h"
+#include "logs/EventPropertiesBase.h"
 
 #include <QString>
 #include <QStringList>
@@ -32,30 +32,13 @@ void ShowSourceHelp(Engine& engine, const QString& source);
 /// code the message names (cmdFileHook); nothing for a message without either.
 void ShowMessageDecoding(Engine& engine, const QString& message);
 
-class FrmEventProperties {
+class FrmEventProperties : public EventPropertiesBase {
 public:
     explicit FrmEventProperties(Engine& engine);
 
-    LabelState lbDate;
     LabelState lbTime;
-    LabelState lbStatus;
-    LabelState lbSource;
-    LabelState lbCategory;
     LabelState lbEventNumber;
-    LabelState lbErrorDesc;
-    LabelState lbErrorNumber;
-    LabelState lbErrorMessage;
     LabelState lbStatusDesc;
-    int picStatus = -1;    ///< image index of the severity icon
-    int picErrorType = -1; ///< image index of the event type icon
-    ButtonState cmdUp{QStringLiteral(" next event ")};
-    ButtonState cmdDown{QStringLiteral(" previous event ")};
-    ButtonState cmdCopy{QStringLiteral(" copy to clipboard ")};
-    ButtonState cmdExit{QStringLiteral(" exit ")};
-    ButtonState cmdSourceHelp;
-    ButtonState cmdFileHook;
-    bool visible = false;
-    int row = 0; ///< the grid row shown
 
     /// Opens on a row of the SYS$LOG.ERR view (the grid's double click, Enter, Find).
     /// False for any other view or a row outside the grid.
@@ -66,22 +49,10 @@ public:
     void cmdUp_Click();
     /// The text the clipboard gets, lines ended by CR LF.
     QString cmdCopy_Click() const;
-    /// Shows what the source means.
-    void cmdSourceHelp_Click();
-    /// Shows the file system hook numbers, or the text of the error code of the message.
-    void cmdFileHook_Click();
-    /// The help page a click on the status opens; empty unless it is a link.
-    QString lbStatus_Click() const;
-    /// The help page a click on the event type opens; empty unless it is a link.
-    QString lbErrorDesc_Click() const;
-    /// Exit and Esc.
-    void cmdExit_Click();
 
 private:
     void fill(int gridRow);
     void walk(int step);
-
-    Engine& engine_;
 };
 
 } // namespace twk

@@ -11,8 +11,6 @@ namespace twk {
 
 namespace {
 
-const QString kRtmNoEventType = QStringLiteral("icon not available");
-
 bool hasLed(const Grid& grid, int gridRow) {
     return gridRow >= 1 && gridRow <= grid.Rows() && grid.Cols() >= rtmcol::kMessage &&
            grid.CellIcon(gridRow, rtmcol::kLed) >= 0;
@@ -20,7 +18,8 @@ bool hasLed(const Grid& grid, int gridRow) {
 
 } // namespace
 
-FrmRTMProperties::FrmRTMProperties(Engine& engine) : engine_(engine) {}
+FrmRTMProperties::FrmRTMProperties(Engine& engine)
+    : EventPropertiesBase(engine, QStringLiteral(" up "), QStringLiteral(" down ")) {}
 
 bool FrmRTMProperties::open(int gridRow) {
     if (engine_.view.CurrentView != views::kRealtimeMonitor || !hasLed(engine_.Grid1, gridRow))
@@ -45,7 +44,7 @@ void FrmRTMProperties::fill(int gridRow) {
     picStatus = e.ledImage;
     picErrorType = e.eventImage;
     lbStatus.isLink = lbStatus.text == QStringLiteral("???");
-    lbErrorDesc.isLink = lbErrorDesc.text == kRtmNoEventType;
+    lbErrorDesc.isLink = lbErrorDesc.text == kNoEventType;
     cmdFileHook.enabled = messageHasDecoding(lbErrorMessage.text);
 }
 
@@ -72,8 +71,6 @@ void FrmRTMProperties::cmdUp_Click() {
 }
 
 QString FrmRTMProperties::cmdCopy_Click() const {
-    const QString description =
-        lbErrorDesc.text == kRtmNoEventType ? QStringLiteral("not available") : lbErrorDesc.text;
     const QStringList lines = {
         QStringLiteral(" "),
         QStringLiteral("Date: ") + lbDate.text,
@@ -84,7 +81,7 @@ QString FrmRTMProperties::cmdCopy_Click() const {
         QStringLiteral("Category:            ") + lbCategory.text,
         QStringLiteral(" "),
         QStringLiteral("Error Number:        ") + lbErrorNumber.text,
-        QStringLiteral("Error Description:   ") + description,
+        QStringLiteral("Error Description:   ") + copiedEventType(),
         QStringLiteral(" "),
         QStringLiteral("Error Message"),
         QStringLiteral("-------------"),
@@ -92,30 +89,7 @@ QString FrmRTMProperties::cmdCopy_Click() const {
         QStringLiteral(" "),
         QStringLiteral(" "),
     };
-    QString text;
-    for (const QString& line : lines)
-        text += line + QStringLiteral("\r\n");
-    return text;
-}
-
-void FrmRTMProperties::cmdSourceHelp_Click() {
-    ShowSourceHelp(engine_, lbSource.text);
-}
-
-void FrmRTMProperties::cmdFileHook_Click() {
-    ShowMessageDecoding(engine_, lbErrorMessage.text);
-}
-
-QString FrmRTMProperties::lbStatus_Click() const {
-    return lbStatus.isLink ? propertiesText::kStatusHelpPage : QString();
-}
-
-QString FrmRTMProperties::lbErrorDesc_Click() const {
-    return lbErrorDesc.isLink ? propertiesText::kEventTypeHelpPage : QString();
-}
-
-void FrmRTMProperties::cmdExit_Click() {
-    visible = false;
+    return copyText(lines);
 }
 
 } // namespace twk
